@@ -1,0 +1,39 @@
+# What every target of the project has in common: the language level, hidden visibility, the project's warnings
+# and, where asked for, sanitizers and coverage.
+
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+function(vesk_configure_target target)
+  target_compile_features(${target} PUBLIC cxx_std_17)
+  set_target_properties(${target} PROPERTIES
+    CXX_EXTENSIONS OFF
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(VESK_WARNINGS_AS_ERRORS)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(VESK_SANITIZE)
+    target_compile_options(${target} PRIVATE
+      -fsanitize=${VESK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=${VESK_SANITIZE})
+  endif()
+  if(VESK_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage)
+    target_link_options(${target} PRIVATE --coverage)
+  endif()
+endfunction()
+
+# vesk_add_library(Foundation SOURCES ...): the library libVeskFoundation, known to others as Vesk::Foundation.
+function(vesk_add_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_LINK;PRIVATE_LINK" ${ARGN})
+  set(target Vesk${name})
+  add_library(${target} ${ARG_SOURCES})
+  add_library(Vesk::${name} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES
+    EXPORT_NAME ${name}
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
+  vesk_configure_target(${target})
+  target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_LINK} PRIVATE ${ARG_PRIVATE_LINK})
+endfunction()
