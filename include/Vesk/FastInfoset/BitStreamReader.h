@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#ifndef VESK_FASTINFOSET_BITSTREAMREADER_H
+#define VESK_FASTINFOSET_BITSTREAMREADER_H
+
+#include "Vesk/FastInfoset/FastInfoset.h"
+#include <cstddef>
+#include <istream>
+#include <memory>
+#include <string>
+
+namespace Vesk::FastInfoset
+{
+
+/// Delivers a document bit by bit, most significant bit of each octet first.
+///
+/// The source is a stream, taken in blocks of 1024 octets, or a block of memory. Neither is owned: it must outlive the
+/// reader. Widths and positions are in bits unless a name says octets. One reader serves one document and one thread.
+///
+/// Every read and peek returns true if input held all the bits that were asked for. Otherwise it returns false, the
+/// value is 0 and the position stays where it was; the caller decides what the end of input means at that place.
+/// A stream that fails for any reason but its end makes the reader throw IOException.
+class VESK_FASTINFOSET_API BitStreamReader
+{
+public:
+    /// Reads from the stream. Nothing is taken from it before the first request.
+    explicit BitStreamReader(std::istream& stream);
+
+    /// Reads from the octetCount octets at data.
+    BitStreamReader(const char* data, std::size_t octetCount);
+
+    BitStreamReader(const BitStreamReader&) = delete;
+    BitStreamReader& operator=(const BitStreamReader&) = delete;
+    ~BitStreamReader();
+
+    /// Reads one bit.
+    bool read(bool& bit);
+
+    /// Looks at the next numOfBits bits (1 to 8) without moving past them, right-aligned.
+    bool peek(unsigned char& value, int numOfBits);
+
+    /// Reads the next numOfBits bits (1 to the width of the type), right-aligned.
+    bool read(unsigned short& value, int numOfBits);
+    bool read(unsigned int& value, int numOfBits);
+    bool read(unsigned long& value, int numOfBits);
+
+    /// Replaces the contents of octets with the next octetCount octets, from any bit position.
+    ///
+    /// Memory is taken for octets that are there, at most 64 KiB ahead of them, whatever the count claims.
+    /// At the end of input: throws FISParseException when the position is on an octet boundary of a stream, returns
+    /// false otherwise.
+    bool read(std::string& octets, unsigned long octetCount);
+
+    /// Copies the next octetCount octets to target, from any bit position, and returns how many there were: fewer than
+    /// asked for only at the end of input.
+    unsigned long readOctets(char* target, unsigned long octetCount);
+
+    /// Moves past numOfBits bits without looking at them, at most to the end of input.
+    void skip(unsigned long numOfBits);
+
+    /// Moves to the next octet boundary, if the position is not on one already.
+    void align();
+
+    /// How many bits of the current octet have been consumed: 0 to 7.
+    int bitOffset() const;
+
+    /// The unread bits of the current octet, right-aligned, without moving past them.
+    /// Requires: a bit offset of 1 to 7, at which the rest of the octet is always there.
+    unsigned int restOfOctet() const;
+
+    /// Octets of the document before the current one.
+    unsigned long octetPosition() const;
+
+    /// \name Refilling, which only the reader itself needs
+    /// @{
+
+    /// Replaces the whole buffer by the next block of the stream. Unread bits are lost.
+    void refillBuffer();
+
+    /// Moves the octets that hold the last remainingBits bits to the start of the buffer and fills the rest from the
+    /// stream. A count below zero counts as zero. Returns the number of octets taken from the stream.
+    int refillBufferIfLessThanImpl(int remainingBits);
+
+    /// Reads up to octetCount octets from the stream; 0 at its end. Throws IOException if the stream has failed.
+    long readFromStream(char* target, long octetCount);
+
+    /// @}
+
+private:
+    static constexpr long BUFFER_OCTETS = 1024;
+
+    unsigned long unreadBits() const { return _size - _position; }
+    bool require(int numOfBits) { return unreadBits() >= static_cast<unsigned long>(numOfBits) || refill(numOfBits); }
+    bool refill(int numOfBits);
+    unsigned long takeBits(int numOfBits);
+    unsigned long nextBlock(const char*& block, unsigned long octetCount);
+
+    template <typename T>
+    bool readBits(T& value, int numOfBits);
+
+    std::istream* _stream;
+    unsigned long _size;                    // valid bits in the buffer, a multiple of 8
+    unsigned long _position;                // the next bit to deliver, from the start of the buffer
+    const unsigned char* _buffer;           // the caller's block, or _streamBuffer
+    std::unique_ptr<char[]> _streamBuffer;  // empty in the memory form
+    unsigned long _octetsBeforeBuffer;      // octets of the document that have left the buffer
+};
+
+inline int BitStreamReader::bitOffset() const
+{
+    return static_cast<int>(_position & 7);
+}
+
+inline unsigned long BitStreamReader::octetPosition() const
+{
+    return _octetsBeforeBuffer + (_position >> 3);
+}
+
+inline unsigned int BitStreamReader::restOfOctet() const
+{
+    return _buffer[_position >> 3] & (0xFFu >> (_position & 7));
+}
+
+inline void BitStreamReader::align()
+{
+    // The size is a multiple of 8, so the next boundary is never beyond the end.
+    _position = (_position + 7) & ~7ul;
+}
+
+inline void BitStreamReader::skip(unsigned long numOfBits)
+{
+    while (numOfBits > unreadBits())
+    {
+        numOfBits -= unreadBits();
+        _position = _size;
+        if (!refill(1))
+            return;
+    }
+    _position += numOfBits;
+}
+
+inline bool BitStreamReader::read(bool& bit)
+{
+    if (!require(1))
+    {
+        bit = false;
+        return false;
+    }
+    bit = (_buffer[_position >> 3] & (0x80u >> (_position & 7))) != 0;
+    ++_position;
+    return true;
+}
+
+inline bool BitStreamReader::peek(unsigned char& value, int numOfBits)
+{
+    if (!require(numOfBits))
+    {
+        value = 0;
+        return false;
+    }
+    // The octet in which the bits start, and the next one where they reach into it.
+    const unsigned char* octet = _buffer + (_position >> 3);
+    const int end = bitOffset() + numOfBits;
+    unsigned int bits = static_cast<unsigned int>(octet[0]) << 8;
+    if (end > 8)
+        bits |= octet[1];
+    value = static_cast<unsigned char>((bits >> (16 - end)) & (0xFFu >> (8 - numOfBits)));
+    return true;
+}
+
+} // namespace Vesk::FastInfoset
+
+#endif // VESK_FASTINFOSET_BITSTREAMREADER_H

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "Vesk/FastInfoset/Decoder.h"
+#include "IntegerCode.h"
+#include "Vesk/FastInfoset/Encoder.h"
+#include "Vesk/FastInfoset/FISEncodingException.h"
+#include "Vesk/FastInfoset/FISException.h"
+#include "Vesk/FastInfoset/FISParseException.h"
+
+namespace Vesk::FastInfoset
+{
+
+namespace
+{
+
+constexpr unsigned int ABSENT = 0xFFFFFFFF; // the part of a name surrogate that is not there
+
+// The longest form of a length: 32 bits of what the shorter forms leave, right after the bits that told the form.
+bool readLongLength(BitStreamReader& reader, unsigned long& octetCount, unsigned long base)
+{
+    const bool complete = reader.read(octetCount, 32);
+    octetCount += base;
+    return complete;
+}
+
+bool readMediumLength(BitStreamReader& reader, unsigned long& octetCount, unsigned long base)
+{
+    const bool complete = reader.read(octetCount, 8);
+    octetCount += base;
+    return complete;
+}
+
+void readXMLDeclaration(BitStreamReader& reader, std::string& xmlDeclaration)
+{
+    xmlDeclaration = "<?";
+    while (xmlDeclaration.back() != '>')
+    {
+        unsigned short octet = 0;
+        if (!reader.read(octet, 8))
+            throw FISParseException("Unexpected end of stream while parsing XML declaration");
+        xmlDeclaration += static_cast<char>(octet);
+    }
+}
+
+unsigned short readHeaderWord(BitStreamReader& reader)
+{
+    unsigned short word = 0;
+    if (!reader.read(word, 16))
+        throw FISParseException("Unexpected end of stream while parsing document header");
+    return word;
+}
+
+} // namespace
+
+void Decoder::documentPreHeader(BitStreamReader& reader, std::string& xmlDeclaration)
+{
+    xmlDeclaration.clear();
+    unsigned short word = readHeaderWord(reader);
+    if (word == Encoder::XMLDECLARATION)
+    {
+        readXMLDeclaration(reader, xmlDeclaration);
+        word = readHeaderWord(reader);
+    }
+    if (word != Encoder::DOCUMENTSTART)
+        throw FISException("Not a valid Fast Infoset document (invalid header)");
+    if (readHeaderWord(reader) != 1)
+        throw FISException("Unsupported Fast Infoset document version");
+    reader.skip(1);
+}
+
+void Decoder::integer(BitStreamReader& reader, unsigned int& value)
+{
+    value = 0;
+    switch (reader.bitOffset())
+    {
+    case 0:
+        throw FISEncodingException("Illegal bit position 0: Integers can never start there");
+    case 1:
+        value = IntegerCode::onSecondBit(reader);
+        break;
+    case 2:
+        value = IntegerCode::onThirdBit(reader);
+        break;
+    case 3:
+        value = IntegerCode::onFourthBit(reader);
+        break;
+    case 4:
+    case 6:
+        value = IntegerCode::small(reader);
+        break;
+    default:
+        throw FISEncodingException("Illegal bit position: No Integers are allowed to be read from pos 5 or 7.");
+    }
+}
+
+// The layouts are drawn beside Encoder::nonEmptyStringLength. The spare bits of the 32-bit forms are not looked at.
+void Decoder::nonEmptyStringLength(BitStreamReader& reader, unsigned long& octetCount)
+{
+    octetCount = 0;
+    const int offset = reader.bitOffset();
+    if (offset != 1 && offset != 4 && offset != 6)
+        throw FISEncodingException("illegal position for nonEmptyOctetString encoding");
+
+    const unsigned int group = reader.restOfOctet();
+    reader.align();
+    const unsigned int longForms = 1u << (7 - offset); // the first bit of the group
+    bool complete = true;
+    if (group < longForms)
+        octetCount = group + 1;
+    else if (group == longForms)
+        complete = readMediumLength(reader, octetCount, longForms + 1);
+    else
+        complete = readLongLength(reader, octetCount, longForms + 257);
+    if (!complete)
+        throw FISParseException("Unexpected end of stream while parsing string length");
+}
+
+void Decoder::nonEmptyOctetString(BitStreamReader& reader, std::string& octets)
+{
+    unsigned long octetCount = 0;
+    nonEmptyStringLength(reader, octetCount);
+    if (!reader.read(octets, octetCount))
+        throw FISParseException("Unexpected end of stream while reading octet string");
+}
+
+// 0nnnnnnn for 1 to 128, or 1???nnnn and two octets for 129 and more. The bits ??? are not looked at.
+void Decoder::lengthOfSequence(BitStreamReader& reader, unsigned int& count)
+{
+    count = 0;
+    if (reader.bitOffset() != 0)
+        throw FISEncodingException("Illegal startposition for a lengthOfSequence value");
+    unsigned char longForm = 0;
+    if (!reader.peek(longForm, 1) || !reader.read(count, longForm ? 24 : 8))
+        throw FISParseException("Unexpected end of stream while parsing sequence length");
+    count = longForm ? (count & 0xFFFFF) + 129 : count + 1;
+}
+
+QualifiedNameEntry Decoder::nameSurrogate(BitStreamReader& reader)
+{
+    if (reader.bitOffset() != 6)
+        throw FISEncodingException("Illegal startposition for a nameSurrogate value");
+    bool hasPrefix = false;
+    bool hasNamespaceName = false;
+    if (!reader.read(hasPrefix) || !reader.read(hasNamespaceName))
+        throw FISParseException("Unexpected end of stream while reading surrogate");
+
+    const auto paddedInteger = [&reader]
+    {
+        bool padding = false;
+        if (!reader.read(padding))
+            throw FISParseException("Unexpected end of stream while reading surrogate");
+        return IntegerCode::onSecondBit(reader);
+    };
+    const unsigned int prefix = hasPrefix ? paddedInteger() : ABSENT;
+    const unsigned int namespaceName = hasNamespaceName ? paddedInteger() : ABSENT;
+    const unsigned int localName = paddedInteger();
+    return QualifiedNameEntry(prefix, namespaceName, localName);
+}
+
+} // namespace Vesk::FastInfoset
