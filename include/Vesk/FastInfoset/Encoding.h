@@ -5,7 +5,6 @@
 #include "Vesk/AutoPtr.h"
 #include "Vesk/FastInfoset/FastInfoset.h"
 #include "Vesk/RefCountedObject.h"
-
 #include <string>
 
 namespace Vesk::XML

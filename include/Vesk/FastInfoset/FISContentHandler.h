@@ -5,7 +5,6 @@
 #include "Vesk/FastInfoset/FastInfoset.h"
 #include "Vesk/UUID.h"
 #include "Vesk/XML/ContentHandler.h"
-
 #include <cstddef>
 
 namespace Vesk::FastInfoset
