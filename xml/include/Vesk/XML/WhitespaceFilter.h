@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#ifndef VESK_XML_WHITESPACEFILTER_H
+#define VESK_XML_WHITESPACEFILTER_H
+
+#include "Vesk/XML/LexicalHandler.h"
+#include "Vesk/XML/XMLFilterImpl.h"
+#include <vector>
+
+namespace Vesk::XML
+{
+/// Drops white space that only lays out the document.
+///
+/// A run of character data that stands between tags, comments or processing instructions is dropped if it is white
+/// space only, and kept byte for byte otherwise. A run that contains a CDATA section or a skipped entity is kept, and
+/// so is everything inside xml:space="preserve". A run goes on over the calls of characters that it is split into.
+///
+/// The filter is its parent's lexical handler; set the lexical handler on the filter.
+class VESK_XML_API WhitespaceFilter : public XMLFilterImpl, public LexicalHandler
+{
+public:
+    WhitespaceFilter() = default;
+    explicit WhitespaceFilter(XMLReader* parent);
+
+    using XMLFilterImpl::setProperty;
+    void setProperty(const XMLString& propertyId, void* value) override;
+    void* getProperty(const XMLString& propertyId) const override;
+
+    void startDocument() override;
+    void endDocument() override;
+    void startElement(const XMLString& uri, const XMLString& localName, const XMLString& qname,
+                      const Attributes& attributes) override;
+    void endElement(const XMLString& uri, const XMLString& localName, const XMLString& qname) override;
+    void startPrefixMapping(const XMLString& prefix, const XMLString& uri) override;
+    void characters(const XMLChar ch[], int start, int length) override;
+    void ignorableWhitespace(const XMLChar ch[], int start, int length) override;
+    void processingInstruction(const XMLString& target, const XMLString& data) override;
+    void skippedEntity(const XMLString& name) override;
+
+    void startDTD(const XMLString& name, const XMLString& publicId, const XMLString& systemId) override;
+    void endDTD() override;
+    void startEntity(const XMLString& name) override;
+    void endEntity(const XMLString& name) override;
+    void startCDATA() override;
+    void endCDATA() override;
+    void comment(const XMLChar ch[], int start, int length) override;
+
+protected:
+    void setupParse() override;
+
+private:
+    void keepRun();
+    void endRun();
+
+    LexicalHandler* _lexicalHandler = nullptr;
+    XMLString _whitespace;        // the run so far, while it is white space only
+    bool _keep = false;           // the rest of the run passes through
+    std::vector<bool> _preserved; // per open element: is it inside xml:space="preserve"?
+};
+} // namespace Vesk::XML
+
+#endif // VESK_XML_WHITESPACEFILTER_H
