@@ -100,10 +100,17 @@ private:
         }
     };
 
-    // Every prefix with the index of its innermost declaration, or NONE, and every URI with the prefixes that lead to
-    // it. Each string is held once, however often it is declared; the maps' nodes stay where they are.
+    // The prefixes that lead to a URI, and the number of declarations, hidden ones included, that name it.
+    struct URIEntry
+    {
+        std::set<Candidate> candidates;
+        std::size_t declarations = 0;
+    };
+
+    // Every prefix with the index of its innermost declaration, or NONE, and every URI. Each string is held once,
+    // however often it is declared; the maps' nodes stay where they are.
     using PrefixMap = std::unordered_map<XMLString, std::size_t, StringHash>;
-    using URIMap = std::unordered_map<XMLString, std::set<Candidate>, StringHash>;
+    using URIMap = std::unordered_map<XMLString, URIEntry, StringHash>;
 
     struct Declaration
     {
@@ -127,8 +134,10 @@ private:
     void declare(const XMLString& prefix, const XMLString& namespaceURI);
     void dropContext();
     void removeLast();
-    void addCandidate(const Declaration& declaration);
-    void removeCandidate(const Declaration& declaration);
+    void bind(Declaration& declaration, URIMap::value_type& uri);
+    void unbind(const Declaration& declaration);
+    static void show(const Declaration& declaration);
+    static void hide(const Declaration& declaration);
 
     PrefixMap _prefixes;
     URIMap _uris;
