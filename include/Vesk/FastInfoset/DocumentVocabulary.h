@@ -67,10 +67,12 @@ public:
     explicit DocumentVocabulary(DontInitialize);
 
     DocumentVocabulary(const DocumentVocabulary& other);
+    DocumentVocabulary(DocumentVocabulary&& other) noexcept;
     ~DocumentVocabulary();
 
     /// Replaces everything by a copy of the other vocabulary, tables included. If that fails nothing is changed.
     DocumentVocabulary& operator=(const DocumentVocabulary& other);
+    DocumentVocabulary& operator=(DocumentVocabulary&& other) noexcept;
 
     /// What this vocabulary has beyond the other: the tables hold the added entries, numbered from 0 and without a
     /// reserved entry, the alphabets are the added ones, the URI is empty. It is a list for the initial vocabulary of a
@@ -121,8 +123,6 @@ private:
     template <class S, class Q>
     void create();
     void init();
-    void copy(const DocumentVocabulary& other);
-    void swap(DocumentVocabulary& other) noexcept;
 
     template <class Table>
     static Table& checked(Table* table)

@@ -40,6 +40,13 @@ public:
     unsigned int tableSize() const;
 
 private:
+    enum NoEntry
+    {
+        NO_ENTRY
+    };
+
+    HashVocabulary(unsigned int tableSize, NoEntry);
+
     // The slots come into being as entries arrive instead of tableSize of them at once. Which slot a value takes shows
     // nowhere: indexes follow the order of arrival and the table is full at tableSize entries, however they lie.
     IndexedTable<T> _index;

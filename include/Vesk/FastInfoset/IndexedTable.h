@@ -14,18 +14,16 @@ namespace Vesk::FastInfoset
 /// Entries that can be found by value: what MapVocabulary and HashVocabulary are made of. Not for use by itself.
 ///
 /// The slots are an open-addressing hash table with linear probing. They hold entry numbers and hashes, so growing them
-/// touches no entry. A caller takes the hash of a value once and passes it to find and add. The hash is keyed, so that
-/// a crafted document cannot make its values collide.
+/// touches no entry. A caller takes the hash of a value once and passes it to find and add. It is a keyed hash, so that a
+/// crafted document cannot make its values collide.
 template <class T>
 class IndexedTable
 {
 public:
-    static std::uint32_t hashOf(const T& value);
-
-    /// The index of the value, or Vocabulary<T>::NOT_FOUND. Requires: hash == hashOf(value).
+    /// The index of the value, or Vocabulary<T>::NOT_FOUND.
     unsigned int find(const T& value, std::uint32_t hash) const;
 
-    /// Appends the value and returns its index. Requires: the value is absent, hash == hashOf(value).
+    /// Appends the value and returns its index. Requires: the value is absent.
     /// If memory runs out nothing is changed.
     unsigned int add(const T& value, std::uint32_t hash);
 

