@@ -9,7 +9,7 @@ int TextConverter::convert(const std::string& in, std::string& out) const
     out.clear();
     char defaultOctets[TextEncoding::MAX_OCTETS];
     const std::size_t defaultOctetCount = _outEncoding.encode(_defaultChar, defaultOctets);
-    int replacedCount = 0;
+    std::size_t replacedCount = 0;
     const char* position = in.data();
     const char* end = position + in.size();
     while (position != end)
@@ -27,7 +27,7 @@ int TextConverter::convert(const std::string& in, std::string& out) const
             ++replacedCount;
         }
     }
-    return replacedCount;
+    return static_cast<int>(replacedCount);
 }
 
 } // namespace Vesk
