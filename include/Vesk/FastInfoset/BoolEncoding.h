@@ -32,7 +32,7 @@ private:
 
     static constexpr const char* NAME = "BoolEncoding";
 
-    static bool parseValue(const std::string& token, bool& value);
+    static bool parseValue(std::string_view token, bool& value);
     static void appendValue(std::string& text, bool value);
     static std::size_t octetCount(std::size_t valueCount);
     static void readValues(BitStreamReader& reader, std::vector<bool>& values);

@@ -28,8 +28,7 @@ private:
     static constexpr const char* VALUE_NAME = "double";
     static constexpr const char* SIZE_MESSAGE = "Illegal size entry for double value";
 
-    static bool parseValue(const std::string& token, double& value);
-    static void appendValue(std::string& text, double value);
+    static bool parseValue(std::string_view token, double& value);
 };
 
 } // namespace Vesk::FastInfoset

@@ -29,8 +29,7 @@ private:
     static constexpr const char* VALUE_NAME = "float";
     static constexpr const char* SIZE_MESSAGE = "Illegal size entry for float value";
 
-    static bool parseValue(const std::string& token, float& value);
-    static void appendValue(std::string& text, float value);
+    static bool parseValue(std::string_view token, float& value);
 };
 
 } // namespace Vesk::FastInfoset

@@ -31,8 +31,7 @@ private:
     static constexpr const char* VALUE_NAME = "int";
     static constexpr const char* SIZE_MESSAGE = "Illegal size entry for Vesk::Int32 value";
 
-    static bool parseValue(const std::string& token, int& value);
-    static void appendValue(std::string& text, int value);
+    static bool parseValue(std::string_view token, int& value);
 };
 
 } // namespace Vesk::FastInfoset

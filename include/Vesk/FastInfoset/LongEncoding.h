@@ -25,8 +25,7 @@ private:
     static constexpr const char* VALUE_NAME = "long";
     static constexpr const char* SIZE_MESSAGE = "Illegal size entry for Vesk::Int64 value";
 
-    static bool parseValue(const std::string& token, long& value);
-    static void appendValue(std::string& text, long value);
+    static bool parseValue(std::string_view token, long& value);
 };
 
 } // namespace Vesk::FastInfoset

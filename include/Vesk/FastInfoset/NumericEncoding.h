@@ -20,6 +20,7 @@ public:
     using TypedEncoding<Class, Value>::TypedEncoding;
 
 protected:
+    static void appendValue(std::string& text, Value value);
     static std::size_t octetCount(std::size_t valueCount) { return valueCount * sizeof(Value); }
 
     static void readValues(BitStreamReader& reader, std::vector<Value>& values);

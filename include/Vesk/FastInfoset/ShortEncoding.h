@@ -25,8 +25,7 @@ private:
     static constexpr const char* VALUE_NAME = "short";
     static constexpr const char* SIZE_MESSAGE = "Illegal size entry for Vesk::Int16 value";
 
-    static bool parseValue(const std::string& token, short& value);
-    static void appendValue(std::string& text, short value);
+    static bool parseValue(std::string_view token, short& value);
 };
 
 } // namespace Vesk::FastInfoset

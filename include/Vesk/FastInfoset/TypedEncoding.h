@@ -3,6 +3,7 @@
 #define VESK_FASTINFOSET_TYPEDENCODING_H
 
 #include "Vesk/FastInfoset/Encoding.h"
+#include <string_view>
 #include <vector>
 
 namespace Vesk::FastInfoset

@@ -27,7 +27,7 @@ private:
 
     static constexpr const char* NAME = "UUIDEncoding";
 
-    static bool parseValue(const std::string& token, UUID& value);
+    static bool parseValue(std::string_view token, UUID& value);
     static void appendValue(std::string& text, const UUID& value);
     static std::size_t octetCount(std::size_t valueCount);
     static void readValues(BitStreamReader& reader, std::vector<UUID>& values);
