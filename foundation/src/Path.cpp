@@ -4,15 +4,11 @@
 namespace Vesk
 {
 
-Path::Path(const std::string& text)
-    : _fileName(text.substr(text.rfind('/') + 1)) // npos + 1 is 0
+std::string Path::getExtension() const
 {
-}
-
-std::string Path::extension() const
-{
-    const std::size_t dot = _fileName.rfind('.');
-    return dot == 0 || dot == std::string::npos ? std::string() : _fileName.substr(dot + 1);
+    const std::size_t name = _text.rfind('/') + 1; // npos + 1 is 0
+    const std::size_t dot = _text.rfind('.');
+    return dot == std::string::npos || dot <= name ? std::string() : _text.substr(dot + 1);
 }
 
 } // namespace Vesk

@@ -14,8 +14,8 @@ namespace
 
 std::unique_ptr<std::istream> openFile(const URI& uri)
 {
-    const std::string& name = uri.path();
-    if (!uri.authority().empty() && asciiLowerCase(uri.authority()) != "localhost")
+    const std::string& name = uri.getPath();
+    if (!uri.getAuthority().empty() && asciiLowerCase(uri.getAuthority()) != "localhost")
         throw IOException("File on another host", uri.toString());
     // The system would take the name to end at a zero octet, and open another file than the one that was checked.
     if (name.empty() || name.find('\0') != std::string::npos)
@@ -53,7 +53,7 @@ std::unique_ptr<std::istream> URIStreamOpener::open(const std::string& uriOrPath
     StreamFactory factory; // a copy, so that opening holds up nobody and a factory may use this opener
     {
         const std::lock_guard<std::mutex> lock(_mutex);
-        const auto found = _factories.find(uri.scheme().empty() ? "file" : uri.scheme());
+        const auto found = _factories.find(uri.getScheme().empty() ? "file" : uri.getScheme());
         if (found == _factories.end())
             throw UnknownURISchemeException("Unknown URI scheme", uriOrPath);
         factory = found->second;

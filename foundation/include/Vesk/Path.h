@@ -4,24 +4,26 @@
 
 #include "Vesk/Foundation.h"
 #include <string>
+#include <utility>
 
 namespace Vesk
 {
 
-/// The name of a file or directory, taken apart at "/".
+/// The name of a file, with its directories in front, separated by "/".
 class VESK_FOUNDATION_API Path
 {
 public:
-    explicit Path(const std::string& text);
+    explicit Path(std::string text)
+        : _text(std::move(text))
+    {
+    }
 
-    /// What follows the last "/": "names.xml" in "/etc/names.xml". May be empty.
-    const std::string& fileName() const noexcept { return _fileName; }
-    /// What follows the last "." of the file name: "xml" in "names.xml". Empty if there is none or if it is the first
-    /// character, as in ".profile".
-    std::string extension() const;
+    /// What follows the last "." of the last part: "xml" in "/etc/old.d/names.xml". Empty if there is none, or if it is the
+    /// first character, as in ".profile".
+    std::string getExtension() const;
 
 private:
-    std::string _fileName;
+    std::string _text;
 };
 
 } // namespace Vesk

@@ -19,11 +19,11 @@ public:
     explicit URI(const std::string& text);
 
     /// In lower case, without the colon; empty for a plain path.
-    const std::string& scheme() const noexcept { return _scheme; }
+    const std::string& getScheme() const noexcept { return _scheme; }
     /// What stands between "//" and the path ("www.example.org:8080"), as written.
-    const std::string& authority() const noexcept { return _authority; }
+    const std::string& getAuthority() const noexcept { return _authority; }
     /// The path with its percent-encoded octets decoded, without query and fragment.
-    const std::string& path() const noexcept { return _path; }
+    const std::string& getPath() const noexcept { return _path; }
     /// The text as it was given.
     const std::string& toString() const noexcept { return _text; }
 
