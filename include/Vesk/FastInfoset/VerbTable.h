@@ -40,7 +40,8 @@ public:
     void truncate(unsigned int newSize);
 
     /// The entry at this index. Requires: index < size().
-    const T& operator[](unsigned int index) const;
+    const T& operator[](unsigned int index) const { return *place(index); }
+    T& operator[](unsigned int index) { return *place(index); }
 
     /// The entry at this index. Throws std::out_of_range "index out of range" if there is none.
     const T& at(unsigned int index) const;
@@ -67,6 +68,7 @@ private:
     static unsigned int chunkSize(unsigned int chunk) { return FIRST_CHUNK_SIZE << chunk; }
     static unsigned int chunkStart(unsigned int chunk) { return chunkSize(chunk) - FIRST_CHUNK_SIZE; }
 
+    T* place(unsigned int index) const;
     void releaseChunks(unsigned int from);
 
     static void releaseLarge(std::string& text);
@@ -121,13 +123,6 @@ void VerbTable<T>::truncate(unsigned int newSize)
 }
 
 template <class T>
-inline const T& VerbTable<T>::operator[](unsigned int index) const
-{
-    const unsigned int chunk = chunkOf(index);
-    return _chunks[chunk][index - chunkStart(chunk)];
-}
-
-template <class T>
 inline const T& VerbTable<T>::at(unsigned int index) const
 {
     if (index >= _size)
@@ -147,6 +142,13 @@ inline unsigned int VerbTable<T>::highestBit(unsigned int value)
     std::uint64_t bits = 0;
     std::memcpy(&bits, &number, sizeof bits);
     return static_cast<unsigned int>(bits >> MANTISSA_BITS) - EXPONENT_BIAS;
+}
+
+template <class T>
+inline T* VerbTable<T>::place(unsigned int index) const
+{
+    const unsigned int chunk = chunkOf(index);
+    return _chunks[chunk] + (index - chunkStart(chunk));
 }
 
 template <class T>
