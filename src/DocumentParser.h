@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#ifndef VESK_FASTINFOSET_DOCUMENTPARSER_H
+#define VESK_FASTINFOSET_DOCUMENTPARSER_H
+
+#include "ItemParser.h"
+#include "ParserHandlers.h"
+#include "StringParser.h"
+#include "Vesk/XML/AttributesImpl.h"
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace Vesk::FastInfoset
+{
+
+class BitStreamReader;
+class DocumentVocabulary;
+
+/// Reads a document: header, children, elements and their attributes, and reports them as SAX events.
+///
+/// Its buffers and resolved names are kept from one document to the next, so that small documents in turn cost no
+/// allocations. What it reads into and reports to is borrowed for the time of parseDocument.
+class DocumentParser
+{
+public:
+    DocumentParser();
+    DocumentParser(const DocumentParser&) = delete;
+    DocumentParser& operator=(const DocumentParser&) = delete;
+
+    /// Reads the document from its first octet to its terminator, which is left unread.
+    /// externalDepth counts the external vocabularies that are being loaded around this document.
+    void parseDocument(BitStreamReader& reader, DocumentVocabulary& vocabulary, const ParserHandlers& handlers,
+                       int externalDepth);
+
+private:
+    struct OpenElement
+    {
+        const ResolvedName* name;
+        std::size_t prefixes; // how many prefixes were declared before its own
+    };
+
+    void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary, const ParserHandlers& handlers);
+    void parseHeader(int externalDepth);
+    void parseChildren();
+    void parseElementChild();
+    void parseElement();
+    void parseNamespaceAttributes();
+    void parseNamespaceAttribute();
+    void parseAttributes();
+    void parseAttribute();
+    void parseCharacterChunk();
+    void deliver(const StringParser::Content& content);
+    void endElement();
+    std::string& nextValueBuffer();
+    const std::string& qualifiedName(const ResolvedName& name) const;
+
+    BitStreamReader* _reader = nullptr;
+    DocumentVocabulary* _vocabulary = nullptr;
+    ParserHandlers _handlers;
+    StringParser _strings;
+    ItemParser _items;
+
+    // Nesting costs heap, not stack: the elements that are open, and the prefixes that they declare.
+    std::vector<OpenElement> _openElements;
+    std::vector<const std::string*> _prefixes;
+
+    XML::AttributesImpl _attributes;       // of the element being read
+    std::deque<std::string> _valueBuffers; // their values that are in no table
+    std::size_t _usedValueBuffers = 0;
+    std::string _xmlDeclaration;
+};
+
+} // namespace Vesk::FastInfoset
+
+#endif // VESK_FASTINFOSET_DOCUMENTPARSER_H
