@@ -16,23 +16,23 @@ constexpr unsigned long RESERVE_LIMIT = 64 * 1024;
 
 } // namespace
 
-BitStreamReader::BitStreamReader(std::istream& stream):
-    _stream(&stream),
-    _size(0),
-    _position(0),
-    _buffer(nullptr),
-    _streamBuffer(new char[BUFFER_OCTETS]),
-    _octetsBeforeBuffer(0)
+BitStreamReader::BitStreamReader(std::istream& stream)
+    : _stream(&stream),
+      _size(0),
+      _position(0),
+      _buffer(nullptr),
+      _streamBuffer(new char[BUFFER_OCTETS]),
+      _octetsBeforeBuffer(0)
 {
     _buffer = reinterpret_cast<const unsigned char*>(_streamBuffer.get());
 }
 
-BitStreamReader::BitStreamReader(const char* data, std::size_t octetCount):
-    _stream(nullptr),
-    _size(octetCount * 8),
-    _position(0),
-    _buffer(reinterpret_cast<const unsigned char*>(data)),
-    _octetsBeforeBuffer(0)
+BitStreamReader::BitStreamReader(const char* data, std::size_t octetCount)
+    : _stream(nullptr),
+      _size(octetCount * 8),
+      _position(0),
+      _buffer(reinterpret_cast<const unsigned char*>(data)),
+      _octetsBeforeBuffer(0)
 {
 }
 

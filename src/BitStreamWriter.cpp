@@ -24,9 +24,9 @@ inline void checkInputParams(int maximum, int numOfBits, const char* condition, 
 
 } // namespace
 
-BitStreamWriter::BitStreamWriter(std::ostream& stream, bool paddingBit):
-    _stream(stream),
-    _paddingBit(paddingBit)
+BitStreamWriter::BitStreamWriter(std::ostream& stream, bool paddingBit)
+    : _stream(stream),
+      _paddingBit(paddingBit)
 {
 }
 

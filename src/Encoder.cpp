@@ -194,10 +194,15 @@ void Encoder::nonEmptyStringLength(BitStreamWriter& stream, unsigned long octetC
 
 void Encoder::nonEmptyOctetString(BitStreamWriter& stream, const std::string& octets)
 {
-    if (octets.empty())
+    nonEmptyOctetString(stream, octets.data(), octets.size());
+}
+
+void Encoder::nonEmptyOctetString(BitStreamWriter& stream, const char* octets, std::size_t octetCount)
+{
+    if (octetCount == 0)
         throw FISEncodingException("Encoder::nonEmptyOctetString cannot encode empty strings");
-    nonEmptyStringLength(stream, octets.size());
-    stream.write(octets);
+    nonEmptyStringLength(stream, octetCount);
+    stream.write(octets, octetCount);
 }
 
 void Encoder::lengthOfSequence(BitStreamWriter& stream, unsigned int count)

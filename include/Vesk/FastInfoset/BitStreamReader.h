@@ -98,11 +98,11 @@ private:
     bool readBits(T& value, int numOfBits);
 
     std::istream* _stream;
-    unsigned long _size;                    // valid bits in the buffer, a multiple of 8
-    unsigned long _position;                // the next bit to deliver, from the start of the buffer
-    const unsigned char* _buffer;           // the caller's block, or _streamBuffer
-    std::unique_ptr<char[]> _streamBuffer;  // empty in the memory form
-    unsigned long _octetsBeforeBuffer;      // octets of the document that have left the buffer
+    unsigned long _size;                   // valid bits in the buffer, a multiple of 8
+    unsigned long _position;               // the next bit to deliver, from the start of the buffer
+    const unsigned char* _buffer;          // the caller's block, or _streamBuffer
+    std::unique_ptr<char[]> _streamBuffer; // empty in the memory form
+    unsigned long _octetsBeforeBuffer;     // octets of the document that have left the buffer
 };
 
 inline int BitStreamReader::bitOffset() const

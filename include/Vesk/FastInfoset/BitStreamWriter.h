@@ -81,9 +81,9 @@ private:
     bool _holding = false;
     bool _flushDue = false;
     bool _failed = false;
-    int _bitCount = 0;           // pending bits of the unfinished octet, 0 to 7
-    unsigned int _pending = 0;   // those bits, right-aligned
-    std::string _finished;       // octets not yet handed to the stream
+    int _bitCount = 0;         // pending bits of the unfinished octet, 0 to 7
+    unsigned int _pending = 0; // those bits, right-aligned
+    std::string _finished;     // octets not yet handed to the stream
 };
 
 inline int BitStreamWriter::bitOffset() const

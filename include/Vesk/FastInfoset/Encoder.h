@@ -3,6 +3,7 @@
 #define VESK_FASTINFOSET_ENCODER_H
 
 #include "Vesk/FastInfoset/FastInfoset.h"
+#include <cstddef>
 #include <string>
 
 namespace Vesk::FastInfoset
@@ -41,6 +42,7 @@ public:
 
     /// Writes the length of a string of at least one octet and its octets; at offset 1, 4 or 6.
     static void nonEmptyOctetString(BitStreamWriter& stream, const std::string& octets);
+    static void nonEmptyOctetString(BitStreamWriter& stream, const char* octets, std::size_t octetCount);
 
     /// Writes the number of items of a sequence, 1 to 2^20, on an octet boundary (X.891 C.21).
     /// Counts above 128 take a form that Decoder reads as another count: 24 bits of (count | 0x80000) - 129. Initial
