@@ -7,12 +7,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <deque>
 #include <set>
 #include <string_view>
+#include <vector>
 
 namespace Vesk::XML
 {
-/// The names of one document, taken apart once each.
+/// The names of a document, taken apart once each.
 ///
 /// The parser below delivers a name as one string: the local name alone, or namespace name, SEPARATOR and local name,
 /// followed by SEPARATOR and prefix if there is one.
@@ -25,23 +27,13 @@ public:
     struct Entry
     {
         const XMLString* uri;
-        XMLString tail; // what follows the namespace name in the raw name
         XMLString localName;
         XMLString qname;
         std::size_t rawLength;
+        std::uint32_t hash;
+        Entry* next; // in the same bucket
 
-        bool matches(const char* raw, std::size_t length) const
-        {
-            if (length != rawLength)
-                return false;
-            if (!uri->empty())
-            {
-                if (raw[uri->size()] != SEPARATOR || std::memcmp(raw, uri->data(), uri->size()) != 0)
-                    return false;
-                raw += uri->size() + 1;
-            }
-            return std::memcmp(raw, tail.data(), tail.size()) == 0;
-        }
+        bool matches(const char* raw, std::size_t length) const;
     };
 
     ExpandedNames() = default;
@@ -54,7 +46,7 @@ public:
         const std::size_t length = std::strlen(raw);
         const Entry*& recent = _recent[slot(raw, length)];
         if (!recent || !recent->matches(raw, length))
-            recent = &findOrAdd(std::string_view(raw, length));
+            recent = &findOrAdd(raw, length);
         return *recent;
     }
 
@@ -62,61 +54,61 @@ public:
     void clear();
 
 private:
-    struct Key
-    {
-        std::string_view uri;
-        std::string_view tail;
-    };
-
-    struct Less
-    {
-        using is_transparent = void;
-
-        static Key key(const Entry& entry) { return {*entry.uri, entry.tail}; }
-        static Key key(const Key& key) { return key; }
-
-        template <class Left, class Right>
-        bool operator()(const Left& left, const Right& right) const
-        {
-            const Key a = key(left);
-            const Key b = key(right);
-            const int order = a.tail.compare(b.tail);
-            return order != 0 ? order < 0 : a.uri < b.uri;
-        }
-    };
-
     static constexpr int SLOT_BITS = 9;
 
-    // Names differ at their ends; the last 16 octets and the length tell nearly all of a document's names apart.
-    static std::size_t slot(const char* raw, std::size_t length)
-    {
-        std::uint64_t high = 0;
-        std::uint64_t low = 0;
-        if (length >= 16)
-        {
-            std::memcpy(&high, raw + length - 16, 8);
-            std::memcpy(&low, raw + length - 8, 8);
-        }
-        else if (length >= 8)
-        {
-            std::memcpy(&high, raw, 8);
-            std::memcpy(&low, raw + length - 8, 8);
-        }
-        else
-        {
-            for (std::size_t i = 0; i < length; ++i)
-                low = low << 8 | static_cast<unsigned char>(raw[i]);
-        }
-        const std::uint64_t mixed = (high * 0x9E3779B97F4A7C15u ^ low ^ length) * 0xD6E8FEB86659FD93u;
-        return static_cast<std::size_t>(mixed >> (64 - SLOT_BITS));
-    }
+    static std::size_t slot(const char* raw, std::size_t length);
+    Entry& findOrAdd(const char* raw, std::size_t length);
+    Entry& add(std::string_view raw);
+    void grow();
 
-    const Entry& findOrAdd(std::string_view raw);
-
-    std::set<Entry, Less> _entries;
-    std::set<XMLString, std::less<>> _uris; // each held once: a long one does not count for every name in it
+    // A crafted document can make all of its names meet in one slot; the buckets are found by a hash that it cannot
+    // know.
     std::array<const Entry*, std::size_t(1) << SLOT_BITS> _recent = {};
+    std::vector<Entry*> _buckets;
+    std::deque<Entry> _entries;
+    std::set<XMLString, std::less<>> _uris; // each held once: a long one does not count for every name in it
 };
+
+inline bool ExpandedNames::Entry::matches(const char* raw, std::size_t length) const
+{
+    if (length != rawLength)
+        return false;
+    if (uri->empty())
+        return std::memcmp(raw, localName.data(), length) == 0;
+
+    const char* const local = raw + uri->size() + 1;
+    const char* const afterLocal = local + localName.size();
+    // Equal lengths: with a prefix in this name, there is an octet after the local name.
+    const std::size_t prefixLength = qname.size() > localName.size() ? qname.size() - localName.size() - 1 : 0;
+    return local[-1] == SEPARATOR && std::memcmp(local, localName.data(), localName.size()) == 0 &&
+           (prefixLength == 0 ||
+            (*afterLocal == SEPARATOR && std::memcmp(afterLocal + 1, qname.data(), prefixLength) == 0)) &&
+           std::memcmp(raw, uri->data(), uri->size()) == 0;
+}
+
+// Names differ at their ends; the last 16 octets and the length tell nearly all of a document's names apart.
+inline std::size_t ExpandedNames::slot(const char* raw, std::size_t length)
+{
+    std::uint64_t high = 0;
+    std::uint64_t low = 0;
+    if (length >= 16)
+    {
+        std::memcpy(&high, raw + length - 16, 8);
+        std::memcpy(&low, raw + length - 8, 8);
+    }
+    else if (length >= 8)
+    {
+        std::memcpy(&high, raw, 8);
+        std::memcpy(&low, raw + length - 8, 8);
+    }
+    else
+    {
+        for (std::size_t i = 0; i < length; ++i)
+            low = low << 8 | static_cast<unsigned char>(raw[i]);
+    }
+    const std::uint64_t mixed = (high * 0x9E3779B97F4A7C15u ^ low ^ length) * 0xD6E8FEB86659FD93u;
+    return static_cast<std::size_t>(mixed >> (64 - SLOT_BITS));
+}
 } // namespace Vesk::XML
 
 #endif // VESK_XML_EXPANDEDNAMES_H

@@ -88,7 +88,8 @@ private:
 } // namespace
 
 ExpatParser::ExpatParser(const SAXSettings& settings)
-    : _settings(settings)
+    : _settings(settings),
+      _text(1024, '\0')
 {
 }
 
@@ -143,7 +144,7 @@ void ExpatParser::prepare(const XML_Char* encoding)
         _names.clear();
     _openElements.clear();
     _attributes.clear();
-    _text.clear();
+    _textOctets = 0;
     _inDoctype = false;
     _externalDepth = 0;
     _nestingEntities = 0;
@@ -328,26 +329,36 @@ void XMLCALL ExpatParser::onCharacters(void* self, const XML_Char* text, int len
 
 void ExpatParser::addText(const char* text, std::size_t length)
 {
-    while (length > MAX_TEXT_OCTETS - _text.size())
+    while (length > MAX_TEXT_OCTETS - _textOctets)
     {
-        std::size_t fitting = MAX_TEXT_OCTETS - _text.size();
+        std::size_t fitting = MAX_TEXT_OCTETS - _textOctets;
         while (fitting > 0 && (text[fitting] & 0xC0) == 0x80)
             --fitting; // not within a character
-        _text.append(text, fitting);
+        appendText(text, fitting);
         flushText();
         text += fitting;
         length -= fitting;
     }
-    _text.append(text, length);
+    appendText(text, length);
 }
 
-void ExpatParser::flushText()
+void ExpatParser::appendText(const char* text, std::size_t length)
 {
-    if (_text.empty())
-        return;
+    if (length >= _text.size() - _textOctets) // one octet stays free for the zero
+        _text.resize(std::max(2 * _text.size(), _textOctets + length + 1));
+    if (length == 1)
+        _text[_textOctets] = *text; // expat delivers every line feed by itself
+    else
+        std::memcpy(&_text[_textOctets], text, length);
+    _textOctets += length;
+}
+
+void ExpatParser::deliverText()
+{
+    _text[_textOctets] = '\0';
+    const int length = static_cast<int>(std::exchange(_textOctets, 0));
     if (_settings.contentHandler)
-        _settings.contentHandler->characters(_text.c_str(), 0, static_cast<int>(_text.size()));
-    _text.clear();
+        _settings.contentHandler->characters(_text.data(), 0, length);
 }
 
 void XMLCALL ExpatParser::onProcessingInstruction(void* self, const XML_Char* target, const XML_Char* data)

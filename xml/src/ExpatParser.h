@@ -131,7 +131,13 @@ private:
     void collectAttributes(const XML_Char** attributes);
     void endElement();
     void addText(const char* text, std::size_t length);
-    void flushText();
+    void appendText(const char* text, std::size_t length);
+    void deliverText();
+    void flushText()
+    {
+        if (_textOctets > 0)
+            deliverText();
+    }
     void startNamespace(const XML_Char* prefix, const XML_Char* uri);
     void countEntity(const XMLString& text, bool isParameterEntity);
     void skipReference(XML_Parser expat);
@@ -147,7 +153,8 @@ private:
     std::vector<const ExpandedNames::Entry*> _openElements;
     AttributesImpl _attributes;
     std::vector<XMLString> _values;
-    XMLString _text; // character data that has not been handed over yet
+    XMLString _text; // begins with the character data that has not been handed over yet
+    std::size_t _textOctets = 0;
     bool _inDoctype = false;
     XMLString _reference; // the text of a reference that is not resolved
     bool _isCollectingReference = false;
