@@ -16,6 +16,7 @@ std::string withPlace(const std::string& text, const XMLString& systemId, int li
 SAXParseException::SAXParseException(const std::string& text, const XMLString& publicId, const XMLString& systemId,
                                      int lineNumber, int columnNumber)
     : SAXException(withPlace(text, systemId, lineNumber, columnNumber)),
+      _text(text),
       _publicId(publicId),
       _systemId(systemId),
       _lineNumber(lineNumber),

@@ -16,6 +16,8 @@ public:
     SAXParseException(const std::string& text, const XMLString& publicId, const XMLString& systemId, int lineNumber,
                       int columnNumber);
 
+    /// What is wrong, without the place.
+    const std::string& getText() const { return _text; }
     const XMLString& getPublicId() const { return _publicId; }
     const XMLString& getSystemId() const { return _systemId; }
     int getLineNumber() const { return _lineNumber; }
@@ -27,6 +29,7 @@ public:
     [[noreturn]] void rethrow() const override;
 
 private:
+    std::string _text;
     XMLString _publicId;
     XMLString _systemId;
     int _lineNumber;
