@@ -4,6 +4,7 @@
 #include "Vesk/FastInfoset/HashVocabulary.h"
 #include "Vesk/FastInfoset/MapVocabulary.h"
 #include "Vesk/FastInfoset/VectorVocabulary.h"
+#include "VocabularyEntry.h"
 #include <type_traits>
 #include <utility>
 
@@ -16,8 +17,8 @@ namespace
 constexpr unsigned int FIRST_STRING_TABLE = DocumentVocabulary::PREFIX;
 constexpr unsigned int ID_COUNT = DocumentVocabulary::CONTENT_CHARACTER_CHUNK + 1;
 
-// What the hash tables hold at most. The order is that of the IDs, the first two of which have no string table. 19
-// entries are few, but a change would make documents unwritable for one side that the other side can write.
+// What the hash tables hold at most, by ID; the first two have no string table. Callers can rely on these limits: a writer
+// fails at exactly so many distinct values. Documents with more belong into map tables.
 constexpr unsigned int STRING_TABLE_SIZES[ID_COUNT] = {0, 0, 251, 251, 40009, 40009, 19, 40009, 19, 65521};
 constexpr unsigned int NAME_TABLE_SIZE = 10009;
 
@@ -82,25 +83,15 @@ std::unique_ptr<Vocabulary<T>> difference(const Vocabulary<T>& table, const Voca
     return std::unique_ptr<Vocabulary<T>>(table.subtract(other));
 }
 
-bool isReserved(const std::string& entry)
-{
-    return entry.empty();
-}
-
-bool isReserved(const QualifiedNameEntry& entry)
-{
-    return entry.prefix() == 0 && entry.namespaceName() == 0 && entry.localName() == 0;
-}
-
 template <class T>
-bool holdsOnlyReservedEntry(const std::unique_ptr<Vocabulary<T>>& table)
+bool isUnused(const std::unique_ptr<Vocabulary<T>>& table)
 {
-    return table && table->entries().size() == 1 && isReserved(table->entries()[0]);
+    return table && holdsOnlyReservedEntry(table->entries());
 }
 
 bool holdsOnly(const std::unique_ptr<Vocabulary<std::string>>& table, const std::string& entry)
 {
-    return table && table->entries().size() == 2 && isReserved(table->entries()[0]) && table->entries()[1] == entry;
+    return table && table->entries().size() == 2 && table->entries()[0].empty() && table->entries()[1] == entry;
 }
 
 } // namespace
@@ -239,12 +230,11 @@ bool DocumentVocabulary::isBuiltIn() const
         return false;
     for (unsigned int id = LOCAL_NAME; id < ID_COUNT; ++id)
     {
-        if (!holdsOnlyReservedEntry(_vocabularies[id]))
+        if (!isUnused(_vocabularies[id]))
             return false;
     }
     return holdsOnly(_vocabularies[PREFIX], xmlPrefix()) && holdsOnly(_vocabularies[NAMESPACE_NAME], xmlNamespace()) &&
-           holdsOnlyReservedEntry(_elementNames) && holdsOnlyReservedEntry(_attributeNames) &&
-           _restrictedAlphabets.isBuiltIn();
+           isUnused(_elementNames) && isUnused(_attributeNames) && _restrictedAlphabets.isBuiltIn();
 }
 
 void DocumentVocabulary::noTable()

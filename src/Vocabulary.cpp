@@ -5,6 +5,7 @@
 #include "Vesk/FastInfoset/MapVocabulary.h"
 #include "Vesk/FastInfoset/VectorVocabulary.h"
 #include "Vesk/Hash.h"
+#include "VocabularyEntry.h"
 #include <algorithm>
 #include <memory>
 #include <type_traits>
@@ -16,17 +17,6 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-bool same(const std::string& left, const std::string& right)
-{
-    return left == right;
-}
-
-bool same(const QualifiedNameEntry& left, const QualifiedNameEntry& right)
-{
-    return left.localName() == right.localName() && left.namespaceName() == right.namespaceName() &&
-           left.prefix() == right.prefix();
-}
-
 std::uint32_t hashOf(const std::string& value)
 {
     return hash(value);
@@ -35,12 +25,6 @@ std::uint32_t hashOf(const std::string& value)
 std::uint32_t hashOf(const QualifiedNameEntry& value)
 {
     return hash(value.prefix(), value.namespaceName(), value.localName());
-}
-
-template <class T>
-bool holdsOnlyReservedEntry(const VerbTable<T>& entries)
-{
-    return entries.size() == 1 && same(entries[0], T());
 }
 
 /// Fills an empty table with the difference of two others and hands it over.
@@ -134,16 +118,18 @@ void VectorVocabulary<T>::reset()
 // IndexedTable
 
 template <class T>
-unsigned int IndexedTable<T>::find(const T& value, std::uint32_t hash) const
+unsigned int IndexedTable<T>::find(const T& value, std::uint32_t hash, bool& found) const
 {
     const Slot* const first = slots();
     const std::size_t mask = slotCount() - 1;
     for (std::size_t i = hash & mask; first[i].number != 0; i = (i + 1) & mask)
     {
         const unsigned int index = first[i].number - 1;
-        if (first[i].hash == hash && same(_entries[index], value))
+        found = first[i].hash == hash && same(_entries[index], value);
+        if (found)
             return index;
     }
+    found = false;
     return Vocabulary<T>::NOT_FOUND;
 }
 
@@ -213,17 +199,14 @@ template <class T>
 unsigned int MapVocabulary<T>::index(const T& value, bool& found)
 {
     const std::uint32_t hash = hashOf(value);
-    const unsigned int index = _index.find(value, hash);
-    found = index != Vocabulary<T>::NOT_FOUND;
+    const unsigned int index = _index.find(value, hash, found);
     return found ? index : _index.add(value, hash);
 }
 
 template <class T>
 unsigned int MapVocabulary<T>::exists(const T& value, bool& found) const
 {
-    const unsigned int index = _index.find(value, hashOf(value));
-    found = index != Vocabulary<T>::NOT_FOUND;
-    return index;
+    return _index.find(value, hashOf(value), found);
 }
 
 template <class T>
@@ -290,8 +273,7 @@ template <class T>
 unsigned int HashVocabulary<T>::index(const T& value, bool& found)
 {
     const std::uint32_t hash = hashOf(value);
-    const unsigned int index = _index.find(value, hash);
-    found = index != Vocabulary<T>::NOT_FOUND;
+    const unsigned int index = _index.find(value, hash, found);
     if (found)
         return index;
     if (_index.size() >= _tableSize)
@@ -302,9 +284,7 @@ unsigned int HashVocabulary<T>::index(const T& value, bool& found)
 template <class T>
 unsigned int HashVocabulary<T>::exists(const T& value, bool& found) const
 {
-    const unsigned int index = _index.find(value, hashOf(value));
-    found = index != Vocabulary<T>::NOT_FOUND;
-    return index;
+    return _index.find(value, hashOf(value), found);
 }
 
 template <class T>

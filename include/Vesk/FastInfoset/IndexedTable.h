@@ -20,8 +20,8 @@ template <class T>
 class IndexedTable
 {
 public:
-    /// The index of the value, or Vocabulary<T>::NOT_FOUND.
-    unsigned int find(const T& value, std::uint32_t hash) const;
+    /// The index of the value, or Vocabulary<T>::NOT_FOUND with found false.
+    unsigned int find(const T& value, std::uint32_t hash, bool& found) const;
 
     /// Appends the value and returns its index. Requires: the value is absent.
     /// If memory runs out nothing is changed.

@@ -8,7 +8,7 @@
 namespace Vesk::FastInfoset
 {
 
-/// A name surrogate (X.891 clause 7.2.19): the indexes of a qualified name's three parts.
+/// A name surrogate (X.891 C.16): the indexes of a qualified name's three parts.
 ///
 /// Prefix and namespace name are 0 where the name has none. A surrogate that was read from an initial vocabulary marks
 /// an absent part with 0xFFFFFFFF instead.
