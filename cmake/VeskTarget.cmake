@@ -3,6 +3,10 @@
 
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
+# Calls within a library need not go through its symbol table, and can be inlined; Clang takes that for granted.
+include(CheckCXXCompilerFlag)
+check_cxx_compiler_flag(-fno-semantic-interposition VESK_HAS_NO_SEMANTIC_INTERPOSITION)
+
 function(vesk_configure_target target)
   target_compile_features(${target} PUBLIC cxx_std_17)
   set_target_properties(${target} PROPERTIES
@@ -10,6 +14,9 @@ function(vesk_configure_target target)
     CXX_VISIBILITY_PRESET hidden
     VISIBILITY_INLINES_HIDDEN ON)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  if(VESK_HAS_NO_SEMANTIC_INTERPOSITION)
+    target_compile_options(${target} PRIVATE -fno-semantic-interposition)
+  endif()
   if(VESK_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

@@ -76,7 +76,7 @@ unsigned long BitStreamReader::takeBits(int numOfBits)
 {
     // At most 7 bits before the wanted ones and 32 wanted ones: five octets, which a long holds.
     const unsigned char* octet = _buffer + (_position >> 3);
-    unsigned long bits = restOfOctet();
+    unsigned long bits = *octet & (0xFFu >> (_position & 7));
     int count = 8 - bitOffset();
     for (; count < numOfBits; count += 8)
         bits = (bits << 8) | *++octet;
@@ -86,10 +86,16 @@ unsigned long BitStreamReader::takeBits(int numOfBits)
 
 bool BitStreamReader::read(std::string& octets, unsigned long octetCount)
 {
+    if (bitOffset() == 0 && octetCount <= unreadBits() / 8)
+    {
+        octets.assign(reinterpret_cast<const char*>(_buffer + (_position >> 3)), octetCount);
+        _position += octetCount * 8;
+        return true;
+    }
+
     octets.clear();
     if (!_stream && octetCount > unreadBits() / 8)
         return false;
-
     if (bitOffset() != 0)
     {
         unsigned char octet = 0;
@@ -101,8 +107,7 @@ bool BitStreamReader::read(std::string& octets, unsigned long octetCount)
         return octetCount == 0;
     }
 
-    if (_stream)
-        octets.reserve(std::min(octetCount, RESERVE_LIMIT));
+    octets.reserve(std::min(octetCount, RESERVE_LIMIT));
     while (octetCount > 0)
     {
         const char* block = nullptr;

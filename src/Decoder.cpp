@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Vesk/FastInfoset/Decoder.h"
-#include "IntegerCode.h"
+#include "PrimitiveCode.h"
 #include "Vesk/FastInfoset/Encoder.h"
 #include "Vesk/FastInfoset/FISEncodingException.h"
 #include "Vesk/FastInfoset/FISException.h"
@@ -13,21 +13,6 @@ namespace
 {
 
 constexpr unsigned int ABSENT = 0xFFFFFFFF; // the part of a name surrogate that is not there
-
-// The longest form of a length: 32 bits of what the shorter forms leave, right after the bits that told the form.
-bool readLongLength(BitStreamReader& reader, unsigned long& octetCount, unsigned long base)
-{
-    const bool complete = reader.read(octetCount, 32);
-    octetCount += base;
-    return complete;
-}
-
-bool readMediumLength(BitStreamReader& reader, unsigned long& octetCount, unsigned long base)
-{
-    const bool complete = reader.read(octetCount, 8);
-    octetCount += base;
-    return complete;
-}
 
 void readXMLDeclaration(BitStreamReader& reader, std::string& xmlDeclaration)
 {
@@ -75,43 +60,30 @@ void Decoder::integer(BitStreamReader& reader, unsigned int& value)
     case 0:
         throw FISEncodingException("Illegal bit position 0: Integers can never start there");
     case 1:
-        value = IntegerCode::onSecondBit(reader);
+        value = PrimitiveCode::integerOnSecondBit(reader, reader.readRestOfOctet());
         break;
     case 2:
-        value = IntegerCode::onThirdBit(reader);
+        value = PrimitiveCode::integerOnThirdBit(reader, reader.readRestOfOctet());
         break;
     case 3:
-        value = IntegerCode::onFourthBit(reader);
+        value = PrimitiveCode::integerOnFourthBit(reader, reader.readRestOfOctet());
         break;
     case 4:
     case 6:
-        value = IntegerCode::small(reader);
+        value = PrimitiveCode::smallInteger(reader);
         break;
     default:
         throw FISEncodingException("Illegal bit position: No Integers are allowed to be read from pos 5 or 7.");
     }
 }
 
-// The layouts are drawn beside Encoder::nonEmptyStringLength. The spare bits of the 32-bit forms are not looked at.
 void Decoder::nonEmptyStringLength(BitStreamReader& reader, unsigned long& octetCount)
 {
     octetCount = 0;
     const int offset = reader.bitOffset();
     if (offset != 1 && offset != 4 && offset != 6)
         throw FISEncodingException("illegal position for nonEmptyOctetString encoding");
-
-    const unsigned int group = reader.restOfOctet();
-    reader.align();
-    const unsigned int longForms = 1u << (7 - offset); // the first bit of the group
-    bool complete = true;
-    if (group < longForms)
-        octetCount = group + 1;
-    else if (group == longForms)
-        complete = readMediumLength(reader, octetCount, longForms + 1);
-    else
-        complete = readLongLength(reader, octetCount, longForms + 257);
-    if (!complete)
-        throw FISParseException("Unexpected end of stream while parsing string length");
+    octetCount = PrimitiveCode::stringLength(reader, reader.readRestOfOctet(), 8 - offset);
 }
 
 void Decoder::nonEmptyOctetString(BitStreamReader& reader, std::string& octets)
@@ -148,7 +120,7 @@ QualifiedNameEntry Decoder::nameSurrogate(BitStreamReader& reader)
         bool padding = false;
         if (!reader.read(padding))
             throw FISParseException("Unexpected end of stream while reading surrogate");
-        return IntegerCode::onSecondBit(reader);
+        return PrimitiveCode::integerOnSecondBit(reader, reader.readRestOfOctet());
     };
     const unsigned int prefix = hasPrefix ? paddedInteger() : ABSENT;
     const unsigned int namespaceName = hasNamespaceName ? paddedInteger() : ABSENT;

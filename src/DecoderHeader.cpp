@@ -8,7 +8,7 @@
 //   encoded character string    00, string
 //   name surrogate              000000, surrogate
 #include "ExternalVocabulary.h"
-#include "IntegerCode.h"
+#include "PrimitiveCode.h"
 #include "Vesk/Bugcheck.h"
 #include "Vesk/FastInfoset/Decoder.h"
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
@@ -205,8 +205,8 @@ void Decoder::encodedCharacterString(BitStreamReader& reader, std::string& text,
     // Documents have an integer without meaning before the index, here and nowhere else.
     const auto index = [&reader]
     {
-        IntegerCode::small(reader);
-        return IntegerCode::small(reader);
+        PrimitiveCode::smallInteger(reader);
+        return PrimitiveCode::smallInteger(reader);
     };
     switch (readBits(reader, 2))
     {

@@ -18,7 +18,11 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-constexpr unsigned int TERMINATOR = 0xF;            // four bits; ends attributes, elements and the document
+// A terminator is four bits; it ends namespace attributes, attributes, elements and the document. Octets from
+// TERMINATOR_OCTETS on start with one.
+constexpr unsigned int TERMINATOR = 0xF;
+constexpr unsigned int TERMINATOR_OCTETS = TERMINATOR << 4;
+
 constexpr unsigned int NAMESPACE_ATTRIBUTES = 0x38; // in the six bits where an element's name would start
 
 } // namespace
@@ -66,132 +70,92 @@ void DocumentParser::parseHeader(int externalDepth)
 }
 
 // The children of the document and, in the same loop, those of every element: a child that is an element opens it, a
-// terminator closes the innermost one or, when none is open, the document. Nothing behind that is read.
+// terminator closes the innermost one or, when none is open, the document. By a child's first octet:
+//
+//   0.......    element
+//   10......    character chunk
+//   110..... or 1110....    another item
+//   1111....    terminator
 void DocumentParser::parseChildren()
 {
     for (;;)
     {
-        unsigned char bits = 0;
-        if (!_reader->peek(bits, 4))
-            throw FISParseException("Unexpected end of stream while parsing element children");
-        if (bits != TERMINATOR)
-        {
-            parseElementChild();
-        }
-        else
-        {
-            if (_openElements.empty())
-                return;
-            _reader->skip(4);
-            endElement();
-        }
+        const unsigned int octet = readOctet("Unexpected end of stream while parsing element children");
+        if (octet < 0x80)
+            parseElement(octet);
+        else if (octet < 0xC0)
+            parseCharacterChunk(octet);
+        else if (octet < TERMINATOR_OCTETS)
+            parseItem(octet);
+        else if (!endElements(octet))
+            return;
     }
 }
 
-// By the child's first octet:
-//
-//   0.......    element
-//   10......    character chunk
-//   110001..    document type declaration
-//   110010..    unexpanded entity reference
+//   110001sp    document type declaration
+//   110010sp    unexpanded entity reference
 //   11100001    processing instruction
 //   11100010    comment
-void DocumentParser::parseElementChild()
+void DocumentParser::parseItem(unsigned int octet)
 {
-    _reader->align();
-    unsigned char octet = 0;
-    if (!_reader->peek(octet, 8))
-        throw FISParseException("Unexpected end of stream while parsing element children");
-
-    if (octet < 0x80)
-    {
-        _reader->skip(1);
-        parseElement();
-    }
-    else if (octet < 0xC0)
-    {
-        _reader->skip(2);
-        parseCharacterChunk();
-    }
-    else if (octet < 0xE0)
-    {
-        _reader->skip(6);
-        if ((octet & 0xFC) == 0xC4)
-            _items.parseDocumentTypeDeclaration();
-        else if ((octet & 0xFC) == 0xC8)
-            _items.parseUnexpandedEntityReference();
-        else
-            throw FISEncodingException("Invalid child element");
-    }
-    else if (octet == 0xE1)
-    {
-        _reader->skip(8);
+    if (octet >> 2 == 0b110001)
+        _items.parseDocumentTypeDeclaration(octet);
+    else if (octet >> 2 == 0b110010)
+        _items.parseUnexpandedEntityReference(octet);
+    else if (octet == 0b11100001)
         _items.parseProcessingInstruction();
-    }
-    else if (octet == 0xE2)
-    {
-        _reader->skip(8);
+    else if (octet == 0b11100010)
         _items.parseComment();
-    }
+    else if (octet < 0b11100000)
+        throw FISEncodingException("Invalid child element");
     else
-    {
         throw FISEncodingException("Parse error: unknown element child code");
-    }
 }
 
-// Behind the element's 0 bit (X.891 C.3): whether attributes follow, namespace attributes, the name, attributes. The
-// children and the terminator are left to parseChildren.
-void DocumentParser::parseElement()
+// X.891 C.3. The children are left to parseChildren.
+//
+//   0annnnnn    whether attributes follow, the name
+//   0a111000    namespace attributes, then ??nnnnnn, the name
+void DocumentParser::parseElement(unsigned int octet)
 {
-    if (_reader->bitOffset() != 1)
-        throw FISEncodingException("Illegal startposition for an Element value");
-    const unsigned int bits = _reader->restOfOctet();
+    const bool hasAttributes = (octet & 0x40) != 0;
     const std::size_t outerPrefixes = _prefixes.size();
-
-    if ((bits & 0x3F) == NAMESPACE_ATTRIBUTES)
+    if ((octet & 0x3F) == NAMESPACE_ATTRIBUTES)
+    {
         parseNamespaceAttributes();
-    else
-        _reader->skip(1);
-    const ResolvedName& name = _strings.parseQualifiedNameOrIndex(true);
+        octet = readOctet("Unexpected end of stream while parsing element");
+    }
+    const ResolvedName& name = _strings.parseElementName(octet);
 
     _attributes.clear();
-    if ((bits & 0x40) != 0)
-        parseAttributes();
-
+    const unsigned int half = hasAttributes ? parseAttributes() : 0;
     _openElements.push_back({&name, outerPrefixes});
     if (_handlers.content)
         _handlers.content->startElement(*name.namespaceName, *name.localName, qualifiedName(name), _attributes);
+
+    // The terminator of the attributes leaves half an octet, which may hold that of the element.
+    if (half == TERMINATOR)
+        endElement();
 }
 
-// Behind the mark that announces them: namespace attributes of 110011 each, the octet 11110000, two bits that are not
-// looked at. The element's name follows at bit offset 2.
+// 110011pn and the namespace attribute, for each; 1111???? ends the list.
 void DocumentParser::parseNamespaceAttributes()
 {
-    _reader->align();
     for (;;)
     {
-        unsigned int bits = 0;
-        if (!_reader->read(bits, 6))
-            throw FISParseException("Unexpected end of stream while parsing element");
-        if (bits >> 2 == TERMINATOR)
-            break;
-        parseNamespaceAttribute();
+        const unsigned int octet = readOctet("Unexpected end of stream while parsing element");
+        if (octet >= TERMINATOR_OCTETS)
+            return;
+        parseNamespaceAttribute(octet);
     }
-    unsigned int padding = 0;
-    if (!_reader->read(padding, 4))
-        throw FISParseException("Unexpected end of stream while parsing element");
 }
 
-// At bit offset 6 (X.891 C.12): prefix present, namespace name present, and those that are.
-void DocumentParser::parseNamespaceAttribute()
+// ??????pn (X.891 C.12): prefix and namespace name, as far as they are present.
+void DocumentParser::parseNamespaceAttribute(unsigned int octet)
 {
-    if (_reader->bitOffset() != 6)
-        throw FISEncodingException("Illegal startposition for a NamespaceAttribute value");
-    const unsigned int present = _reader->restOfOctet();
-    _reader->align();
-    const std::string& prefix = (present & 2) != 0 ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::PREFIX)
-                                                   : FastInfosetParser::EMPTY_STRING;
-    const std::string& namespaceName = (present & 1) != 0
+    const std::string& prefix = (octet & 2) != 0 ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::PREFIX)
+                                                 : FastInfosetParser::EMPTY_STRING;
+    const std::string& namespaceName = (octet & 1) != 0
                                            ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::NAMESPACE_NAME)
                                            : FastInfosetParser::EMPTY_STRING;
     _prefixes.push_back(&prefix);
@@ -199,28 +163,24 @@ void DocumentParser::parseNamespaceAttribute()
         _handlers.content->startPrefixMapping(prefix, namespaceName);
 }
 
-// Each attribute starts with a 0 bit, so the first bit of the terminator ends the list. Leaves bit offset 4.
-void DocumentParser::parseAttributes()
+// 0nnnnnnn and the attribute, for each; an octet that starts with a 1 bit, as a terminator does, ends the list. Returns
+// the other half of that octet.
+unsigned int DocumentParser::parseAttributes()
 {
     _usedValueBuffers = 0;
     for (;;)
     {
-        bool end = false;
-        if (!_reader->read(end))
-            throw FISParseException("Unexpected end of stream while parsing element");
-        if (end)
-            break;
-        parseAttribute();
+        const unsigned int octet = readOctet("Unexpected end of stream while parsing element");
+        if (octet >= 0x80)
+            return octet & 0xF;
+        parseAttribute(octet);
     }
-    _reader->skip(3);
 }
 
-// Behind its 0 bit (X.891 C.4): name and value. Values are text even where they are stored as typed data.
-void DocumentParser::parseAttribute()
+// X.891 C.4. Values are text even where they are stored as typed data.
+void DocumentParser::parseAttribute(unsigned int octet)
 {
-    if (_reader->bitOffset() != 1)
-        throw FISEncodingException("Illegal startposition for a Attribute value");
-    const ResolvedName& name = _strings.parseQualifiedNameOrIndex(false);
+    const ResolvedName& name = _strings.parseAttributeName(octet);
     std::string& buffer = nextValueBuffer();
     const std::string& value =
         _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ATTRIBUTE_VALUE, buffer);
@@ -230,18 +190,10 @@ void DocumentParser::parseAttribute()
                               FastInfosetParser::EMPTY_STRING, value);
 }
 
-std::string& DocumentParser::nextValueBuffer()
+// X.891 C.7
+void DocumentParser::parseCharacterChunk(unsigned int octet)
 {
-    if (_usedValueBuffers == _valueBuffers.size())
-        _valueBuffers.emplace_back();
-    return _valueBuffers[_usedValueBuffers];
-}
-
-// Behind its bits 10 (X.891 C.7).
-void DocumentParser::parseCharacterChunk()
-{
-    const StringParser::Content content =
-        _strings.parseNonIdentifyingStringOrIndex(DocumentVocabulary::CONTENT_CHARACTER_CHUNK);
+    const StringParser::Content content = _strings.parseCharacterChunk(octet);
     if (content.value)
         deliver(content);
     else if (_handlers.content)
@@ -262,6 +214,20 @@ void DocumentParser::deliver(const StringParser::Content& content)
         _handlers.lexical->endCDATA();
 }
 
+// One terminator, and another one in the other half of the octet or padding. Returns false when the document ends.
+bool DocumentParser::endElements(unsigned int octet)
+{
+    if (_openElements.empty())
+        return false;
+    endElement();
+    if ((octet & 0xF) != TERMINATOR)
+        return true;
+    if (_openElements.empty())
+        return false;
+    endElement();
+    return true;
+}
+
 // The innermost open element ends.
 void DocumentParser::endElement()
 {
@@ -275,6 +241,21 @@ void DocumentParser::endElement()
             _handlers.content->endPrefixMapping(*_prefixes[i]);
     }
     _prefixes.resize(element.prefixes);
+}
+
+inline unsigned int DocumentParser::readOctet(const char* endOfStreamMessage)
+{
+    unsigned int octet = 0;
+    if (!_reader->readOctet(octet))
+        throw FISParseException(endOfStreamMessage);
+    return octet;
+}
+
+std::string& DocumentParser::nextValueBuffer()
+{
+    if (_usedValueBuffers == _valueBuffers.size())
+        _valueBuffers.emplace_back();
+    return _valueBuffers[_usedValueBuffers];
 }
 
 const std::string& DocumentParser::qualifiedName(const ResolvedName& name) const

@@ -19,6 +19,9 @@ class DocumentVocabulary;
 
 /// Reads a document: header, children, elements and their attributes, and reports them as SAX events.
 ///
+/// A document is read octet by octet: every structure starts in an octet that is looked at as a whole, and ends on an
+/// octet boundary or, as terminators do, in the middle of an octet whose other half is known by then.
+///
 /// Its buffers and resolved names are kept from one document to the next, so that small documents in turn cost no
 /// allocations. What it reads into and reports to is borrowed for the time of parseDocument.
 class DocumentParser
@@ -42,15 +45,17 @@ private:
 
     void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary, const ParserHandlers& handlers);
     void parseHeader(int externalDepth);
+    unsigned int readOctet(const char* endOfStreamMessage);
     void parseChildren();
-    void parseElementChild();
-    void parseElement();
+    void parseItem(unsigned int octet);
+    void parseElement(unsigned int octet);
     void parseNamespaceAttributes();
-    void parseNamespaceAttribute();
-    void parseAttributes();
-    void parseAttribute();
-    void parseCharacterChunk();
+    void parseNamespaceAttribute(unsigned int octet);
+    unsigned int parseAttributes();
+    void parseAttribute(unsigned int octet);
+    void parseCharacterChunk(unsigned int octet);
     void deliver(const StringParser::Content& content);
+    bool endElements(unsigned int octet);
     void endElement();
     std::string& nextValueBuffer();
     const std::string& qualifiedName(const ResolvedName& name) const;

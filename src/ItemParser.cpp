@@ -3,7 +3,6 @@
 #include "StringParser.h"
 #include "TextLength.h"
 #include "Vesk/Bugcheck.h"
-#include "Vesk/FastInfoset/FISEncodingException.h"
 #include "Vesk/FastInfoset/FISParseException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/XML/ContentHandler.h"
@@ -16,18 +15,22 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-// Identification bits of the items in the header's lists, and the terminator that ends a list, in as many bits.
+// The identifying bits of the items in the header's lists; the last bits of the octet say which identifiers follow.
 constexpr unsigned int NOTATION = 0b110000;
-constexpr unsigned int END_OF_NOTATIONS = 0b111100;
 constexpr unsigned int UNPARSED_ENTITY = 0b1101000;
-constexpr unsigned int END_OF_UNPARSED_ENTITIES = 0b1111000;
 
-// The first half of a processing instruction's identification octet; within a document type declaration the other
-// half is not looked at.
-constexpr unsigned int PROCESSING_INSTRUCTION = 0b1110;
+// A terminator fills half an octet; what is in the other half is not looked at, but for some of its bits in the lists.
 constexpr unsigned int TERMINATOR = 0b1111;
 
+// The first half of a processing instruction's octet, which is all that a document type declaration looks at.
+constexpr unsigned int PROCESSING_INSTRUCTION = 0b1110;
+
 const char FILE_NAME[] = "src/FastInfosetParser";
+
+const std::string& orEmpty(const std::string* text)
+{
+    return text ? *text : FastInfosetParser::EMPTY_STRING;
+}
 
 } // namespace
 
@@ -46,39 +49,49 @@ void ItemParser::parseDocumentChildren(const Decoder::OpenHeaderParts& parts)
     if (parts.characterEncodingScheme)
     {
         // Literals are taken for UTF-8 whatever it says.
-        readBits(1, "character encoding scheme");
+        _reader->skip(1);
+        if (_reader->bitOffset() == 0)
+            throw FISParseException("Unexpected end of stream while parsing character encoding scheme");
         Decoder::nonEmptyOctetString(*_reader, _buffer);
     }
     if (parts.standalone)
-        readBits(8, "standalone flag");
+        readOctet("Unexpected end of stream while parsing standalone flag");
     if (parts.version)
         _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::OTHER_STRING, _buffer);
 }
 
+// 110000sp and the notation, for each; 111100?? ends the list.
 void ItemParser::parseNotations()
 {
-    unsigned int id = 0;
-    while ((id = readBits(6, "notations")) == NOTATION)
-        parseNotation();
-    if (id != END_OF_NOTATIONS)
-        Bugcheck::assertion("id == 60", FILE_NAME, __LINE__);
-    _reader->align();
+    for (;;)
+    {
+        const unsigned int octet = readOctet("Unexpected end of stream while parsing notation");
+        if (octet >> 2 == NOTATION)
+            parseNotation(octet);
+        else if (octet >> 2 == TERMINATOR << 2)
+            return;
+        else
+            Bugcheck::assertion("id == 60", FILE_NAME, __LINE__);
+    }
 }
 
+// 1101000p and the entity, for each; 1111000? ends the list.
 void ItemParser::parseUnparsedEntities()
 {
-    unsigned int id = 0;
-    while ((id = readBits(7, "unparsed entities")) == UNPARSED_ENTITY)
-        parseUnparsedEntity();
-    if (id != END_OF_UNPARSED_ENTITIES)
-        Bugcheck::assertion("id == 120", FILE_NAME, __LINE__);
-    _reader->align();
+    for (;;)
+    {
+        const unsigned int octet = readOctet("Unexpected end of stream while parsing unparsed entity");
+        if (octet >> 1 == UNPARSED_ENTITY)
+            parseUnparsedEntity(octet);
+        else if (octet >> 1 == TERMINATOR << 3)
+            return;
+        else
+            Bugcheck::assertion("id == 120", FILE_NAME, __LINE__);
+    }
 }
 
 void ItemParser::parseComment()
 {
-    if (_reader->bitOffset() != 0)
-        throw FISEncodingException("Illegal startposition for a Comment value");
     const std::string& text = _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::OTHER_STRING, _buffer);
     if (_handlers.lexical)
         _handlers.lexical->comment(text.data(), 0, textLength(text));
@@ -92,87 +105,68 @@ void ItemParser::parseProcessingInstruction()
         _handlers.content->processingInstruction(target, data);
 }
 
-void ItemParser::parseDocumentTypeDeclaration()
+// ??????sp: system identifier, public identifier. Behind them processing instructions and the terminator.
+void ItemParser::parseDocumentTypeDeclaration(unsigned int octet)
 {
-    const Identifiers identifiers = readIdentifiers("Illegal startposition for a DocumentTypeDeclaration value");
-    const std::string& systemId = identifiers.hasSystemId
-                                      ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI)
-                                      : FastInfosetParser::EMPTY_STRING;
-    const std::string& publicId = identifiers.hasPublicId
-                                      ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI)
-                                      : FastInfosetParser::EMPTY_STRING;
+    const std::string* systemId = optionalURI((octet & 2) != 0);
+    const std::string* publicId = optionalURI((octet & 1) != 0);
     if (_handlers.lexical)
-        _handlers.lexical->startDTD(FastInfosetParser::EMPTY_STRING, publicId, systemId);
+        _handlers.lexical->startDTD(FastInfosetParser::EMPTY_STRING, orEmpty(publicId), orEmpty(systemId));
 
     // Anything but a processing instruction is taken for the terminator at first; behind one only a terminator ends.
-    unsigned int id = readBits(4, "document type declaration");
-    if (id == PROCESSING_INSTRUCTION)
+    const char* const endOfStream = "Unexpected end of stream while parsing document type declaration";
+    unsigned int half = readOctet(endOfStream) >> 4;
+    if (half == PROCESSING_INSTRUCTION)
     {
-        for (; id != TERMINATOR; id = readBits(4, "document type declaration"))
-        {
-            _reader->align();
+        for (; half != TERMINATOR; half = readOctet(endOfStream) >> 4)
             parseProcessingInstruction();
-        }
     }
     if (_handlers.lexical)
         _handlers.lexical->endDTD();
 }
 
-void ItemParser::parseUnexpandedEntityReference()
+// ??????sp: name, system identifier, public identifier.
+void ItemParser::parseUnexpandedEntityReference(unsigned int octet)
 {
-    // The message speaks of a notation; callers may know it.
-    const Identifiers identifiers = readIdentifiers("Illegal startposition for a Notation value");
     _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
-    if (identifiers.hasSystemId)
-        _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI);
-    if (identifiers.hasPublicId)
-        _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI);
+    optionalURI((octet & 2) != 0);
+    optionalURI((octet & 1) != 0);
 }
 
-void ItemParser::parseNotation()
+// ??????sp: name, system identifier, public identifier.
+void ItemParser::parseNotation(unsigned int octet)
 {
-    const Identifiers identifiers = readIdentifiers("Illegal startposition for a Notation value");
     const std::string& name = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
-    const std::string* systemId = nullptr;
-    const std::string* publicId = nullptr;
-    if (identifiers.hasSystemId)
-        systemId = &_strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI);
-    if (identifiers.hasPublicId)
-        publicId = &_strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI);
+    const std::string* systemId = optionalURI((octet & 2) != 0);
+    const std::string* publicId = optionalURI((octet & 1) != 0);
     if (_handlers.dtd)
         _handlers.dtd->notationDecl(name, publicId, systemId);
 }
 
-void ItemParser::parseUnparsedEntity()
+// ???????p: name, system identifier, public identifier, notation name.
+void ItemParser::parseUnparsedEntity(unsigned int octet)
 {
-    if (_reader->bitOffset() != 7)
-        throw FISEncodingException("Illegal startposition for an UnparsedEntity value");
-    const bool hasPublicId = readBits(1, "unparsed entity") != 0;
     const std::string& name = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
     const std::string& systemId = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI);
-    const std::string& publicId = hasPublicId ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI)
-                                              : FastInfosetParser::EMPTY_STRING;
+    const std::string* publicId = optionalURI((octet & 1) != 0);
     const std::string& notationName = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
+    if (publicId && publicId->empty())
+        publicId = nullptr;
     if (_handlers.dtd)
-        _handlers.dtd->unparsedEntityDecl(name, publicId.empty() ? nullptr : &publicId, systemId, notationName);
+        _handlers.dtd->unparsedEntityDecl(name, publicId, systemId, notationName);
 }
 
-// The two bits that end an identification octet: system identifier present, public identifier present.
-ItemParser::Identifiers ItemParser::readIdentifiers(const char* positionMessage)
+const std::string* ItemParser::optionalURI(bool isPresent)
 {
-    if (_reader->bitOffset() != 6)
-        throw FISEncodingException(positionMessage);
-    const unsigned int present = _reader->restOfOctet();
-    _reader->align();
-    return {(present & 2) != 0, (present & 1) != 0};
+    return isPresent ? &_strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI) : nullptr;
 }
 
-unsigned int ItemParser::readBits(int numOfBits, const char* what)
+unsigned int ItemParser::readOctet(const char* endOfStreamMessage)
 {
-    unsigned int bits = 0;
-    if (!_reader->read(bits, numOfBits))
-        throw FISParseException(std::string("Unexpected end of stream while parsing ") + what);
-    return bits;
+    unsigned int octet = 0;
+    if (!_reader->readOctet(octet))
+        throw FISParseException(endOfStreamMessage);
+    return octet;
 }
 
 } // namespace Vesk::FastInfoset

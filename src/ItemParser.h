@@ -14,7 +14,8 @@ class StringParser;
 /// Reads the rarer information items and reports them: comments, processing instructions, the document type
 /// declaration, entity references, and what the header lists behind the vocabulary.
 ///
-/// Each operation starts behind the identification bits of its structure; X.891 names the structures.
+/// Each operation starts behind the octet that identifies its structure (X.891 names them) or ends with it; where that
+/// octet says more, it is passed on.
 class ItemParser
 {
 public:
@@ -29,35 +30,25 @@ public:
     /// Reads the header's remaining parts (X.891 C.2.6 to C.2.10), on an octet boundary.
     void parseDocumentChildren(const Decoder::OpenHeaderParts& parts);
 
-    /// On an octet boundary (X.891 C.8).
+    /// X.891 C.8
     void parseComment();
 
-    /// On an octet boundary (X.891 C.5).
+    /// X.891 C.5
     void parseProcessingInstruction();
 
-    /// At bit offset 6 (X.891 C.9). What it declares is a system and a public identifier; it has no name.
-    void parseDocumentTypeDeclaration();
+    /// X.891 C.9. What it declares is a system and a public identifier; it has no name.
+    void parseDocumentTypeDeclaration(unsigned int octet);
 
-    /// At bit offset 6 (X.891 C.6). Reads it and reports nothing.
-    void parseUnexpandedEntityReference();
-
-    /// At bit offset 6 (X.891 C.11).
-    void parseNotation();
-
-    /// At bit offset 7 (X.891 C.10).
-    void parseUnparsedEntity();
+    /// X.891 C.6. Reads it and reports nothing.
+    void parseUnexpandedEntityReference(unsigned int octet);
 
 private:
-    struct Identifiers
-    {
-        bool hasSystemId;
-        bool hasPublicId;
-    };
-
-    unsigned int readBits(int numOfBits, const char* what);
-    Identifiers readIdentifiers(const char* positionMessage);
+    unsigned int readOctet(const char* endOfStreamMessage);
+    const std::string* optionalURI(bool isPresent);
     void parseNotations();
+    void parseNotation(unsigned int octet);
     void parseUnparsedEntities();
+    void parseUnparsedEntity(unsigned int octet);
 
     StringParser& _strings;
     BitStreamReader* _reader = nullptr;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "StringParser.h"
-#include "IntegerCode.h"
+#include "PrimitiveCode.h"
 #include "Vesk/FastInfoset/Decoder.h"
-#include "Vesk/FastInfoset/FISEncodingException.h"
 #include "Vesk/FastInfoset/FISParseException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/StringDecoder.h"
@@ -22,7 +21,9 @@ enum Discriminant : unsigned char
     ENCODING_ALGORITHM = 3
 };
 
-constexpr unsigned int LITERAL_NAME = 0xF; // where an index would start
+constexpr unsigned int LITERAL_NAME = 0xF; // four bits, where an index would start
+
+constexpr DocumentVocabulary::ID CHUNKS = DocumentVocabulary::CONTENT_CHARACTER_CHUNK;
 
 } // namespace
 
@@ -38,159 +39,150 @@ void StringParser::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary
 
 const std::string& StringParser::parseIdentifyingStringOrIndex(DocumentVocabulary::ID table)
 {
-    unsigned int index = 0;
-    return parseIdentifyingStringOrIndex(table, index);
+    return value(table, parseIndex(table));
 }
 
-// 1 and an index, or 0 and a literal.
-const std::string& StringParser::parseIdentifyingStringOrIndex(DocumentVocabulary::ID table, unsigned int& index)
+//   1iiiiiii    an index
+//   0nnnnnnn    a literal of that length
+//
+// The index of either.
+unsigned int StringParser::parseIndex(DocumentVocabulary::ID table)
 {
-    if (_reader->bitOffset() != 0)
-        throw FISEncodingException("Illegal startposition for an parseIdentifyingStringOrIndex");
-    if (flag("Unexpected end of stream while parsing identifying string or index"))
-    {
-        index = IntegerCode::onSecondBit(*_reader);
-    }
-    else
-    {
-        Decoder::nonEmptyOctetString(*_reader, _literal);
-        bool existed = false;
-        index = _vocabulary->vocabulary(table).index(_literal, existed);
-    }
-    return value(table, index);
-}
+    const unsigned int octet = readOctet("Unexpected end of stream while parsing identifying string or index");
+    if ((octet & 0x80) != 0)
+        return PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
 
-const ResolvedName& StringParser::parseQualifiedNameOrIndex(bool isElement)
-{
-    const int offset = _reader->bitOffset();
-    if (offset != 1 && offset != 2)
-        throw FISEncodingException("Illegal startposition for a parseQualifiedNameOrIndex value");
-
-    const unsigned int start = _reader->restOfOctet() >> (4 - offset); // its next four bits
-    ResolvedNames& names = isElement ? _elementNames : _attributeNames;
-    if (start != LITERAL_NAME)
-        return names.name(offset == 1 ? IntegerCode::onSecondBit(*_reader) : IntegerCode::onThirdBit(*_reader));
-
-    Vocabulary<QualifiedNameEntry>& table = isElement ? _vocabulary->elementNames() : _vocabulary->attributeNames();
-    const QualifiedNameEntry entry = parseLiteralName();
+    readString(PrimitiveCode::stringLength(*_reader, octet & 0x7F, 7), _literal);
     bool existed = false;
-    return names.name(table.index(entry, existed));
+    return _vocabulary->vocabulary(table).index(_literal, existed);
 }
 
-// After the mark, in the last two bits of its octet: prefix present, namespace name present; then those that are, and
-// the local name.
-QualifiedNameEntry StringParser::parseLiteralName()
+//   ??iiiiii    an index
+//   ??1111pn    a literal: prefix present, namespace name present
+const ResolvedName& StringParser::parseElementName(unsigned int octet)
 {
-    const unsigned int present = _reader->restOfOctet();
-    _reader->align();
-    unsigned int prefix = 0;
-    unsigned int namespaceName = 0;
-    unsigned int localName = 0;
-    if (present & 2)
-        parseIdentifyingStringOrIndex(DocumentVocabulary::PREFIX, prefix);
-    if (present & 1)
-        parseIdentifyingStringOrIndex(DocumentVocabulary::NAMESPACE_NAME, namespaceName);
-    parseIdentifyingStringOrIndex(DocumentVocabulary::LOCAL_NAME, localName);
-    return QualifiedNameEntry(prefix, namespaceName, localName);
+    const unsigned int group = octet & 0x3F;
+    if (group >> 2 != LITERAL_NAME)
+        return _elementNames.name(PrimitiveCode::integerOnThirdBit(*_reader, group));
+    bool existed = false;
+    return _elementNames.name(_vocabulary->elementNames().index(parseLiteralName(octet), existed));
 }
 
-// 1 and an index; or 0, whether the literal enters the table, and the literal.
+//   ?iiiiiii    an index
+//   ?1111?pn    a literal: prefix present, namespace name present
+const ResolvedName& StringParser::parseAttributeName(unsigned int octet)
+{
+    const unsigned int group = octet & 0x7F;
+    if (group >> 3 != LITERAL_NAME)
+        return _attributeNames.name(PrimitiveCode::integerOnSecondBit(*_reader, group));
+    bool existed = false;
+    return _attributeNames.name(_vocabulary->attributeNames().index(parseLiteralName(octet), existed));
+}
+
+// Behind the octet with the mark: prefix and namespace name, as far as its last two bits announce them, and local name.
+QualifiedNameEntry StringParser::parseLiteralName(unsigned int octet)
+{
+    const unsigned int prefix = (octet & 2) != 0 ? parseIndex(DocumentVocabulary::PREFIX) : 0;
+    const unsigned int namespaceName = (octet & 1) != 0 ? parseIndex(DocumentVocabulary::NAMESPACE_NAME) : 0;
+    return QualifiedNameEntry(prefix, namespaceName, parseIndex(DocumentVocabulary::LOCAL_NAME));
+}
+
+//   1iiiiiii    an index
+//   0assssss    an encoded character string that is added to the table or not
 const std::string& StringParser::parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table, std::string& buffer)
 {
-    if ((_reader->bitOffset() & ~2) != 0)
-        throw FISEncodingException("Illegal startposition for a NonIdentifyingStringOrIndex value");
-    if (flag("Unexpected end of stream while parsing non identifying string or index"))
-        return value(table, integer());
+    const unsigned int octet = readOctet("Unexpected end of stream while parsing non identifying string or index");
+    if ((octet & 0x80) != 0)
+        return value(table, PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F));
 
-    const bool addToTable = flag("Unexpected end of stream while parsing encoded character string");
-    parseEncodedCharacterStringXML(buffer);
-    return addToTable ? enter(table, buffer) : buffer;
+    const AutoPtr<Encoding> typed = parseEncodedCharacterString(octet, 6, buffer);
+    if (typed)
+        typed->text(buffer);
+    return (octet & 0x40) != 0 ? enter(table, buffer) : buffer;
 }
 
-StringParser::Content StringParser::parseNonIdentifyingStringOrIndex(DocumentVocabulary::ID table)
+//   ??1iiiii    an index
+//   ??0assss    an encoded character string that is added to the table or not
+StringParser::Content StringParser::parseCharacterChunk(unsigned int octet)
 {
-    if ((_reader->bitOffset() & ~2) != 0)
-        throw FISEncodingException("Illegal startposition for a NonIdentifyingStringOrIndex value");
     Content content;
-    if (flag("Unexpected end of stream whil parsing non identifying string or index"))
+    if ((octet & 0x20) != 0)
     {
-        content.text = &value(table, integer());
+        content.text = &value(CHUNKS, PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F));
         return content;
     }
 
-    const bool addToTable = flag("Unexpected end of stream whil parsing encoded character string");
-    content.value = parseEncodedCharacterString(_chunk);
+    const bool addToTable = (octet & 0x10) != 0;
+    content.value = parseEncodedCharacterString(octet, 4, _chunk);
     content.text = &_chunk;
-    if (!addToTable)
-        return content;
-    if (content.value)
+    if (addToTable && !content.value)
+    {
+        content.text = &enter(CHUNKS, _chunk);
+    }
+    else if (addToTable)
     {
         content.value->text(_text);
-        enter(table, _text);
-    }
-    else
-    {
-        content.text = &enter(table, _chunk);
+        enter(CHUNKS, _text);
     }
     return content;
 }
 
-// Two bits that tell the form, then its index if it has one, then a non-empty octet string or an algorithm's own data.
+// In the last numOfBits bits (6 or 4) of the octet:
+//
+//   00nnnn    UTF-8 of that length                                                  00nn
+//   01nnnn    UTF-16 of that length                                                 01nn
+//   10iiii    and four bits more: an alphabet's index, then length and codes        10ii and six bits more
+//   11iiii    and four bits more: an algorithm's index, then its own data           11ii and six bits more
+//
 // Returns the value of an algorithm, or null and the text.
-AutoPtr<Encoding> StringParser::parseEncodedCharacterString(std::string& text)
+AutoPtr<Encoding> StringParser::parseEncodedCharacterString(unsigned int octet, int numOfBits, std::string& text)
 {
-    const int offset = _reader->bitOffset();
-    if (offset != 2 && offset != 4)
-        throw FISEncodingException("Illegal startposition for an encodedCharacterString");
-
-    // Within an octet, so always there.
-    unsigned char discriminant = 0;
-    _reader->peek(discriminant, 2);
-    _reader->skip(2);
-    switch (discriminant)
+    const int groupBits = numOfBits - 2;
+    const unsigned int group = octet & (0xFFu >> (8 - groupBits));
+    switch ((octet >> groupBits) & 3)
     {
     case UTF8:
-        Decoder::nonEmptyOctetString(*_reader, text);
+        readString(PrimitiveCode::stringLength(*_reader, group, groupBits), text);
         break;
     case UTF16:
-        Decoder::nonEmptyOctetString(*_reader, _octets);
+        readString(PrimitiveCode::stringLength(*_reader, group, groupBits), _octets);
         StringDecoder::decodeUTF16(_octets, text);
         break;
     case RESTRICTED_ALPHABET:
     {
-        const unsigned int index = IntegerCode::small(*_reader);
+        _reader->unread(static_cast<unsigned int>(groupBits));
+        const unsigned int index = PrimitiveCode::smallInteger(*_reader);
         Decoder::nonEmptyOctetString(*_reader, _octets);
         StringDecoder::decodeAlphabet(_octets, _vocabulary->restrictedAlphabets().alphabet(index), text);
         break;
     }
     case ENCODING_ALGORITHM:
-        return _vocabulary->decodingAlgorithm().decoding(IntegerCode::small(*_reader))(*_reader);
+    {
+        _reader->unread(static_cast<unsigned int>(groupBits));
+        const unsigned int index = PrimitiveCode::smallInteger(*_reader);
+        AutoPtr<Encoding> value = _vocabulary->decodingAlgorithm().decoding(index)(*_reader);
+        _reader->align();
+        return value;
+    }
     }
     return AutoPtr<Encoding>();
 }
 
-void StringParser::parseEncodedCharacterStringXML(std::string& text)
+inline unsigned int StringParser::readOctet(const char* endOfStreamMessage)
 {
-    const AutoPtr<Encoding> value = parseEncodedCharacterString(text);
-    if (value)
-        value->text(text);
-}
-
-// An index after the bit that announced it, at offset 1 or 3.
-unsigned int StringParser::integer()
-{
-    return _reader->bitOffset() == 1 ? IntegerCode::onSecondBit(*_reader) : IntegerCode::onFourthBit(*_reader);
-}
-
-bool StringParser::flag(const char* endOfStreamMessage)
-{
-    bool bit = false;
-    if (!_reader->read(bit))
+    unsigned int octet = 0;
+    if (!_reader->readOctet(octet))
         throw FISParseException(endOfStreamMessage);
-    return bit;
+    return octet;
 }
 
-const std::string& StringParser::value(DocumentVocabulary::ID table, unsigned int index) const
+inline void StringParser::readString(unsigned long octetCount, std::string& octets)
+{
+    if (!_reader->read(octets, octetCount))
+        throw FISParseException("Unexpected end of stream while reading octet string");
+}
+
+inline const std::string& StringParser::value(DocumentVocabulary::ID table, unsigned int index) const
 {
     const VerbTable<std::string>& entries = *_entries[table];
     // Beyond the end the table itself throws what its implementation throws.

@@ -16,9 +16,10 @@ class BitStreamReader;
 /// Reads strings, names and character content: every text of a document is a literal or an index into a table of the
 /// vocabulary, and every literal is UTF-8, UTF-16, text in a restricted alphabet or a value of an encoding algorithm.
 ///
-/// Literal identifying strings and names always enter their table, other literals if the document says so. Operations
-/// are named after the structures of X.891; each says at which bit offset its structure starts and throws
-/// FISEncodingException when it is called at another.
+/// Literal identifying strings and names always enter their table, other literals if the document says so.
+///
+/// Operations are named after the structures of X.891. All start on an octet boundary; those whose structure shares its
+/// first octet with what is before it take that octet, which the caller has read. All end on an octet boundary.
 class StringParser
 {
 public:
@@ -32,28 +33,30 @@ public:
     /// Starts with the body of a document: the vocabulary is as its header has left it. Both are borrowed.
     void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary);
 
-    /// An identifying string (X.891 C.13), on an octet boundary. The result belongs to the table.
+    /// An identifying string (X.891 C.13). The result belongs to the table.
     const std::string& parseIdentifyingStringOrIndex(DocumentVocabulary::ID table);
-    const std::string& parseIdentifyingStringOrIndex(DocumentVocabulary::ID table, unsigned int& index);
 
-    /// The name of an element at bit offset 2 (X.891 C.18) or of an attribute at bit offset 1 (C.17).
-    const ResolvedName& parseQualifiedNameOrIndex(bool isElement);
+    /// The name of an element, in the last six bits of the octet (X.891 C.18).
+    const ResolvedName& parseElementName(unsigned int octet);
 
-    /// A non-identifying string (X.891 C.14, C.15) as text, at bit offset 0 or 2. The result belongs to the table, or is
-    /// the buffer, which literals that enter no table are read into.
+    /// The name of an attribute, in the last seven bits of the octet (X.891 C.17).
+    const ResolvedName& parseAttributeName(unsigned int octet);
+
+    /// A non-identifying string (X.891 C.14) as text. The result belongs to the table, or is the buffer, into which
+    /// literals that enter no table are read.
     const std::string& parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table, std::string& buffer);
 
-    /// The same for character content, whose typed values stay typed.
-    Content parseNonIdentifyingStringOrIndex(DocumentVocabulary::ID table);
+    /// Character content, in the last six bits of the octet (X.891 C.15). Typed values stay typed.
+    Content parseCharacterChunk(unsigned int octet);
 
 private:
-    unsigned int integer();
-    bool flag(const char* endOfStreamMessage);
+    unsigned int readOctet(const char* endOfStreamMessage);
+    void readString(unsigned long octetCount, std::string& octets);
+    unsigned int parseIndex(DocumentVocabulary::ID table);
+    QualifiedNameEntry parseLiteralName(unsigned int octet);
+    AutoPtr<Encoding> parseEncodedCharacterString(unsigned int octet, int numOfBits, std::string& text);
     const std::string& value(DocumentVocabulary::ID table, unsigned int index) const;
     const std::string& enter(DocumentVocabulary::ID table, const std::string& text);
-    QualifiedNameEntry parseLiteralName();
-    AutoPtr<Encoding> parseEncodedCharacterString(std::string& text);
-    void parseEncodedCharacterStringXML(std::string& text);
 
     BitStreamReader* _reader = nullptr;
     DocumentVocabulary* _vocabulary = nullptr;

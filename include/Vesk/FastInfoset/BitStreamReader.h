@@ -63,9 +63,22 @@ public:
     /// How many bits of the current octet have been consumed: 0 to 7.
     int bitOffset() const;
 
-    /// The unread bits of the current octet, right-aligned, without moving past them.
+    /// \name Whole octets
+    /// The structures of a document start in octets that they share with what is before them. Reading the octet at once
+    /// and looking at its bits afterwards takes one check for all of them.
+    /// @{
+
+    /// Reads an octet. Requires: an octet boundary.
+    bool readOctet(unsigned int& octet);
+
+    /// Reads what is left of the current octet, right-aligned.
     /// Requires: a bit offset of 1 to 7, at which the rest of the octet is always there.
-    unsigned int restOfOctet() const;
+    unsigned int readRestOfOctet();
+
+    /// Goes back by numOfBits bits (up to 8) of the octet that has just been read.
+    void unread(unsigned int numOfBits);
+
+    /// @}
 
     /// Octets of the document before the current one.
     unsigned long octetPosition() const;
@@ -115,9 +128,25 @@ inline unsigned long BitStreamReader::octetPosition() const
     return _octetsBeforeBuffer + (_position >> 3);
 }
 
-inline unsigned int BitStreamReader::restOfOctet() const
+inline bool BitStreamReader::readOctet(unsigned int& octet)
 {
-    return _buffer[_position >> 3] & (0xFFu >> (_position & 7));
+    if (!require(8))
+        return false;
+    octet = _buffer[_position >> 3];
+    _position += 8;
+    return true;
+}
+
+inline unsigned int BitStreamReader::readRestOfOctet()
+{
+    const unsigned int rest = _buffer[_position >> 3] & (0xFFu >> (_position & 7));
+    align();
+    return rest;
+}
+
+inline void BitStreamReader::unread(unsigned int numOfBits)
+{
+    _position -= numOfBits;
 }
 
 inline void BitStreamReader::align()
