@@ -94,6 +94,12 @@ void NamespaceSupport::reset()
     _depth = OUTERMOST;
 }
 
+bool NamespaceSupport::declaresPrefix(const XMLString& prefix) const
+{
+    const auto entry = _prefixes.find(prefix);
+    return entry != _prefixes.end() && entry->second != NONE && _declarations[entry->second].depth == _depth;
+}
+
 void NamespaceSupport::getDeclaredPrefixes(PrefixSet& prefixes) const
 {
     prefixes.clear();

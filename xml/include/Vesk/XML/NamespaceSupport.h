@@ -57,6 +57,9 @@ public:
     const XMLString& declaredPrefix(std::size_t index) const { return declared(index).prefix->first; }
     const XMLString& declaredURI(std::size_t index) const { return declared(index).uri->first; }
 
+    /// True if the current context itself declares the prefix.
+    bool declaresPrefix(const XMLString& prefix) const;
+
     /// Replaces prefixes by those that the current context declares.
     void getDeclaredPrefixes(PrefixSet& prefixes) const;
 

@@ -12,7 +12,8 @@ namespace Vesk::XML
 ///
 /// A run of character data that stands between tags, comments or processing instructions is dropped if it is white
 /// space only, and kept byte for byte otherwise. A run that contains a CDATA section or a skipped entity is kept, and
-/// so is everything inside xml:space="preserve". A run goes on over the calls of characters that it is split into.
+/// so are everything inside xml:space="preserve" and white space of more than 16 MiB. A run goes on over the calls of
+/// characters that it is split into.
 ///
 /// The filter is its parent's lexical handler; set the lexical handler on the filter.
 class VESK_XML_API WhitespaceFilter : public XMLFilterImpl, public LexicalHandler
@@ -26,11 +27,9 @@ public:
     void* getProperty(const XMLString& propertyId) const override;
 
     void startDocument() override;
-    void endDocument() override;
     void startElement(const XMLString& uri, const XMLString& localName, const XMLString& qname,
                       const Attributes& attributes) override;
     void endElement(const XMLString& uri, const XMLString& localName, const XMLString& qname) override;
-    void startPrefixMapping(const XMLString& prefix, const XMLString& uri) override;
     void characters(const XMLChar ch[], int start, int length) override;
     void ignorableWhitespace(const XMLChar ch[], int start, int length) override;
     void processingInstruction(const XMLString& target, const XMLString& data) override;
@@ -48,6 +47,7 @@ protected:
     void setupParse() override;
 
 private:
+    bool isPreserved() const { return !_preserved.empty() && _preserved.back(); }
     void keepRun();
     void endRun();
 
