@@ -85,9 +85,7 @@ void DocumentParser::parseChildren()
             parseElement(octet);
         else if (octet < 0xC0)
             parseCharacterChunk(octet);
-        else if (octet < TERMINATOR_OCTETS)
-            parseItem(octet);
-        else if (!endElements(octet))
+        else if (!(octet < TERMINATOR_OCTETS ? parseItem(octet) : endElements(octet)))
             return;
     }
 }
@@ -96,11 +94,13 @@ void DocumentParser::parseChildren()
 //   110010sp    unexpanded entity reference
 //   11100001    processing instruction
 //   11100010    comment
-void DocumentParser::parseItem(unsigned int octet)
+//
+// Returns false when the document ends, as a terminator may stand in the octet in which a declaration ends.
+bool DocumentParser::parseItem(unsigned int octet)
 {
     if (octet >> 2 == 0b110001)
-        _items.parseDocumentTypeDeclaration(octet);
-    else if (octet >> 2 == 0b110010)
+        return endSecondHalf(_items.parseDocumentTypeDeclaration(octet));
+    if (octet >> 2 == 0b110010)
         _items.parseUnexpandedEntityReference(octet);
     else if (octet == 0b11100001)
         _items.parseProcessingInstruction();
@@ -110,6 +110,7 @@ void DocumentParser::parseItem(unsigned int octet)
         throw FISEncodingException("Invalid child element");
     else
         throw FISEncodingException("Parse error: unknown element child code");
+    return true;
 }
 
 // X.891 C.3. The children are left to parseChildren.
@@ -220,6 +221,11 @@ bool DocumentParser::endElements(unsigned int octet)
     if (_openElements.empty())
         return false;
     endElement();
+    return endSecondHalf(octet);
+}
+
+bool DocumentParser::endSecondHalf(unsigned int octet)
+{
     if ((octet & 0xF) != TERMINATOR)
         return true;
     if (_openElements.empty())

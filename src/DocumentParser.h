@@ -47,7 +47,7 @@ private:
     void parseHeader(int externalDepth);
     unsigned int readOctet(const char* endOfStreamMessage);
     void parseChildren();
-    void parseItem(unsigned int octet);
+    bool parseItem(unsigned int octet);
     void parseElement(unsigned int octet);
     void parseNamespaceAttributes();
     void parseNamespaceAttribute(unsigned int octet);
@@ -56,6 +56,7 @@ private:
     void parseCharacterChunk(unsigned int octet);
     void deliver(const StringParser::Content& content);
     bool endElements(unsigned int octet);
+    bool endSecondHalf(unsigned int octet);
     void endElement();
     std::string& nextValueBuffer();
     const std::string& qualifiedName(const ResolvedName& name) const;

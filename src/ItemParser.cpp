@@ -106,7 +106,7 @@ void ItemParser::parseProcessingInstruction()
 }
 
 // ??????sp: system identifier, public identifier. Behind them processing instructions and the terminator.
-void ItemParser::parseDocumentTypeDeclaration(unsigned int octet)
+unsigned int ItemParser::parseDocumentTypeDeclaration(unsigned int octet)
 {
     const std::string* systemId = optionalURI((octet & 2) != 0);
     const std::string* publicId = optionalURI((octet & 1) != 0);
@@ -115,14 +115,15 @@ void ItemParser::parseDocumentTypeDeclaration(unsigned int octet)
 
     // Anything but a processing instruction is taken for the terminator at first; behind one only a terminator ends.
     const char* const endOfStream = "Unexpected end of stream while parsing document type declaration";
-    unsigned int half = readOctet(endOfStream) >> 4;
-    if (half == PROCESSING_INSTRUCTION)
+    unsigned int last = readOctet(endOfStream);
+    if (last >> 4 == PROCESSING_INSTRUCTION)
     {
-        for (; half != TERMINATOR; half = readOctet(endOfStream) >> 4)
+        for (; last >> 4 != TERMINATOR; last = readOctet(endOfStream))
             parseProcessingInstruction();
     }
     if (_handlers.lexical)
         _handlers.lexical->endDTD();
+    return last;
 }
 
 // ??????sp: name, system identifier, public identifier.

@@ -36,8 +36,9 @@ public:
     /// X.891 C.5
     void parseProcessingInstruction();
 
-    /// X.891 C.9. What it declares is a system and a public identifier; it has no name.
-    void parseDocumentTypeDeclaration(unsigned int octet);
+    /// X.891 C.9. What it declares is a system and a public identifier; it has no name. Returns the octet that holds its
+    /// terminator in the first half and what comes next in the second.
+    unsigned int parseDocumentTypeDeclaration(unsigned int octet);
 
     /// X.891 C.6. Reads it and reports nothing.
     void parseUnexpandedEntityReference(unsigned int octet);
