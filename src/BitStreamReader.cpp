@@ -191,6 +191,7 @@ int BitStreamReader::refillBufferIfLessThanImpl(int remainingBits)
 
     const long octetsRead = readFromStream(_streamBuffer.get() + keep, BUFFER_OCTETS - static_cast<long>(keep));
     _size += static_cast<unsigned long>(octetsRead) * 8;
+    _position = std::min(_position, _size); // when nothing was kept and nothing came
     return static_cast<int>(octetsRead);
 }
 
