@@ -1,0 +1,72 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+#
+# Installs from Debian's packages what is missing here.
+#
+#   scripts/install-packages.sh build          what it takes to build the libraries, the tool and the examples
+#   scripts/install-packages.sh build test     the same and what the tests need
+#
+# Does nothing, and says so, when everything is there. Uses sudo unless run by root.
+set -euo pipefail
+
+# The compiler and its runtime come with g++; the sanitizers' runtimes, too.
+build_packages=(cmake g++ ninja-build libexpat1-dev libcli11-dev)
+test_packages=(libgtest-dev)
+
+usage()
+{
+    sed -n '3,8s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+}
+
+wanted=()
+[ $# -gt 0 ] || usage
+for group in "$@"; do
+    case $group in
+    build) wanted+=("${build_packages[@]}") ;;
+    test) wanted+=("${test_packages[@]}") ;;
+    *) usage ;;
+    esac
+done
+
+if ! command -v apt-get dpkg-query >/dev/null; then
+    echo "This script knows Debian's packages only. Please install what these Debian packages hold, if it is missing:"
+    echo "  ${wanted[*]}"
+    exit 0
+fi
+
+is_installed()
+{
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+missing=()
+for package in "${wanted[@]}"; do
+    is_installed "$package" || missing+=("$package")
+done
+if [ ${#missing[@]} -eq 0 ]; then
+    echo "Packages: all there ($*)."
+    exit 0
+fi
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+        echo "Missing packages: ${missing[*]}. Please install them as root; there is no sudo here." >&2
+        exit 1
+    fi
+    as_root=(sudo)
+fi
+apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y)
+
+# A fresh machine has no package lists, or lists that name versions the mirror no longer has.
+install()
+{
+    "${apt[@]}" install --no-install-recommends "${missing[@]}"
+}
+echo "Packages: installing ${missing[*]} with apt-get${as_root:+ (through sudo)}."
+if ! apt-get install --simulate "${missing[@]}" >/dev/null 2>&1 || ! install; then
+    echo "Packages: fetching the package lists first."
+    "${apt[@]}" update
+    install
+fi

@@ -1,0 +1,28 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+#
+# Builds and runs all tests: optimised, and with the address and undefined-behaviour sanitizers.
+# Stops at the first step that fails.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+step()
+{
+    echo
+    echo "== $*"
+}
+
+step "What build and tests need"
+scripts/install-packages.sh build test
+
+# Ninja unless a build folder was configured with something else before.
+export CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja}
+jobs=$(nproc)
+for preset in release asan; do
+    step "$preset: configure"
+    cmake --preset "$preset"
+    step "$preset: build"
+    cmake --build --preset "$preset" --parallel "$jobs"
+    step "$preset: test"
+    ctest --preset "$preset" --parallel "$jobs"
+done
