@@ -133,19 +133,19 @@ void StringWriter::writeEncodedCharacterString(std::string_view text, unsigned i
                 "Illegal startposition for a writeEncodedCharacterString");
     if (_inCDATA)
     {
-        _stream.writeBits(2, true);
+        _stream.write(0b11, 2);
         Encoder::integer(_stream, CDATA_ALGORITHM);
         Encoder::nonEmptyOctetString(_stream, text.data(), text.size());
     }
     else if (!isPlain(algorithm))
     {
-        _stream.writeBits(2, true);
+        _stream.write(0b11, 2);
         Encoder::integer(_stream, algorithm);
         _vocabulary.encodingAlgorithm().encoding(algorithm)(_stream, std::string(text));
     }
     else
     {
-        _stream.writeBits(2, false);
+        _stream.write(0b00, 2);
         Encoder::nonEmptyOctetString(_stream, text.data(), text.size());
     }
 }
@@ -157,12 +157,12 @@ void StringWriter::writeEncodedCharacterString(const AutoPtr<Encoding>& value)
                 "Illegal startposition for a writeEncodedCharacterString");
     if (algorithm == NullEncoding::TYPE)
     {
-        _stream.writeBits(2, false);
+        _stream.write(0b00, 2);
         Encoder::nonEmptyOctetString(_stream, value->content());
     }
     else
     {
-        _stream.writeBits(2, true);
+        _stream.write(0b11, 2);
         Encoder::integer(_stream, algorithm);
         value->write(_stream);
     }
@@ -196,7 +196,7 @@ unsigned int StringWriter::writeQualifiedNameOrIndex(const std::string& prefix, 
     }
     else
     {
-        _stream.writeBits(4, true);
+        _stream.write(0b1111, 4);
         if (offset == 1)
             _stream.write(false);
         index = writeQualifiedName(prefix, uri, localName, isElement);

@@ -2,6 +2,7 @@
 #ifndef VESK_FASTINFOSET_BITSTREAMWRITER_H
 #define VESK_FASTINFOSET_BITSTREAMWRITER_H
 
+#include "Vesk/Bugcheck.h"
 #include "Vesk/FastInfoset/FastInfoset.h"
 #include <cstddef>
 #include <ostream>
@@ -52,8 +53,8 @@ public:
     /// How many bits of the current octet have been written: 0 to 7.
     int bitOffset() const;
 
-    /// Gathers finished octets and flushes from here on, until release(): an item of many small fields then reaches
-    /// the stream in one call. Octets that are still held when the writer is destroyed are written then.
+    /// Gathers finished octets (about 1 KiB at most) and flushes from here on, until release(): an item of many small
+    /// fields then reaches the stream in one call. What is still held when the writer is destroyed is written then.
     void hold();
 
     /// Hands everything gathered since hold() to the stream, and flushes it if complete() was called meanwhile.
@@ -71,10 +72,15 @@ public:
     /// @}
 
 private:
-    void append(unsigned long value, int numOfBits);
-    void checkUsable() const;
-    void flushStream();
+    // What is held at most. Longer runs of octets go straight to the stream.
+    static constexpr std::size_t HELD_OCTETS = 1024;
+
+    void append(unsigned int value, int numOfBits);
     void handOver();
+    void spill();
+    void checkWidth(int numOfBits, int maximum, const char* condition, int line) const;
+    [[noreturn]] void throwFailed() const;
+    void flushStream();
 
     std::ostream& _stream;
     bool _paddingBit;
@@ -83,12 +89,57 @@ private:
     bool _failed = false;
     int _bitCount = 0;         // pending bits of the unfinished octet, 0 to 7
     unsigned int _pending = 0; // those bits, right-aligned
-    std::string _finished;     // octets not yet handed to the stream
+    std::size_t _finishedCount = 0;
+    char _finished[HELD_OCTETS + 8]; // octets not yet handed over; one operation finishes eight behind the limit
 };
 
 inline int BitStreamWriter::bitOffset() const
 {
     return _bitCount;
+}
+
+inline void BitStreamWriter::write(bool bit)
+{
+    append(bit ? 1 : 0, 1);
+    handOver();
+}
+
+inline void BitStreamWriter::write(int value, int numOfBits)
+{
+    checkWidth(numOfBits, 32, "checkInputParams(Utility::SIZEOFINT32INBIT, numOfBits)", 195);
+    append(static_cast<unsigned int>(value), numOfBits);
+    handOver();
+}
+
+// Appends the low numOfBits bits of the value (1 to 32).
+inline void BitStreamWriter::append(unsigned int value, int numOfBits)
+{
+    if (_failed)
+        throwFailed();
+    // At most 7 pending bits and 32 new ones.
+    int total = _bitCount + numOfBits;
+    const unsigned long mask = (1ul << numOfBits) - 1;
+    const unsigned long bits = (static_cast<unsigned long>(_pending) << numOfBits) | (value & mask);
+    while (total >= 8)
+    {
+        total -= 8;
+        _finished[_finishedCount++] = static_cast<char>(bits >> total);
+    }
+    _bitCount = total;
+    _pending = static_cast<unsigned int>(bits & ((1ul << total) - 1));
+}
+
+// Ends every operation that appends.
+inline void BitStreamWriter::handOver()
+{
+    if (!_holding || _finishedCount >= HELD_OCTETS)
+        writeFullBytesImpl();
+}
+
+inline void BitStreamWriter::checkWidth(int numOfBits, int maximum, const char* condition, int line) const
+{
+    if (numOfBits < 1 || numOfBits > maximum)
+        Bugcheck::assertion(condition, "src/BitStreamWriter", line);
 }
 
 } // namespace Vesk::FastInfoset
