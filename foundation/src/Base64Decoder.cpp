@@ -3,6 +3,7 @@
 #include "DecodingBuffer.h"
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace Vesk
 {
@@ -30,8 +31,8 @@ constexpr std::array<std::uint8_t, 256> makeKinds()
     kinds['+'] = value++;
     kinds['/'] = value;
     kinds['='] = PADDING;
-    for (const int space : {' ', '\t', '\n', '\r'})
-        kinds[static_cast<std::size_t>(space)] = SPACE;
+    for (const char space : std::string_view(" \t\r\n"))
+        kinds[static_cast<unsigned char>(space)] = SPACE;
     return kinds;
 }
 

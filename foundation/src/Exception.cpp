@@ -24,9 +24,9 @@ Exception::Exception(const std::string& message, const std::string& argument, in
 
 Exception::Exception(const std::string& message, const Exception& nested, int code)
     : _message(message),
-      _nested(nested.clone()),
       _code(code)
 {
+    _nested.reset(nested.clone());
 }
 
 // Copies leave out _what: another thread that holds the same exception may be composing it, and a copy into a base
@@ -41,10 +41,13 @@ Exception::Exception(const Exception& other)
 
 Exception& Exception::operator=(const Exception& other)
 {
-    _message = other._message;
-    _nested = other._nested;
-    _code = other._code;
-    _what.clear();
+    if (this != &other)
+    {
+        _message = other._message;
+        _nested = other._nested;
+        _code = other._code;
+        _what.clear();
+    }
     return *this;
 }
 

@@ -17,23 +17,12 @@ public:
 
     bool decode(const char* text, const char* textEnd, char*& octets)
     {
-        for (; text != textEnd; ++text)
+        while (text != textEnd)
         {
-            const int digit = hexDigitValue(*text);
-            if (digit < 0)
-            {
-                if (!isSpace(*text))
-                    return false;
-            }
-            else if (_high < 0)
-            {
-                _high = digit;
-            }
-            else
-            {
-                *octets++ = static_cast<char>(_high << 4 | digit);
-                _high = -1;
-            }
+            if (_high < 0)
+                text = decodePairs(text, textEnd, octets);
+            if (text != textEnd && !take(*text++, octets))
+                return false;
         }
         return true;
     }
@@ -41,6 +30,34 @@ public:
     bool isComplete() const { return _high < 0; }
 
 private:
+    // The common case: two digits in a row, as long as they come.
+    static const char* decodePairs(const char* text, const char* textEnd, char*& octets)
+    {
+        for (; textEnd - text >= 2; text += 2)
+        {
+            const int octet = hexOctetValue(text[0], text[1]);
+            if (octet < 0)
+                break;
+            *octets++ = static_cast<char>(octet);
+        }
+        return text;
+    }
+
+    bool take(char character, char*& octets)
+    {
+        const int digit = hexDigitValue(character);
+        if (digit < 0)
+            return isSpace(character);
+        if (_high < 0)
+        {
+            _high = digit;
+            return true;
+        }
+        *octets++ = static_cast<char>(_high << 4 | digit);
+        _high = -1;
+        return true;
+    }
+
     static bool isSpace(char character)
     {
         return character == ' ' || character == '\t' || character == '\n' || character == '\r';

@@ -16,7 +16,7 @@ std::string integerText(Integer value, int base, int width)
 {
     if (base < 2 || base > 16)
         Bugcheck::assertion("base >= 2 && base <= 16", "src/NumericString", 22);
-    char digits[1 + 64]; // a sign and 64 binary digits
+    char digits[1 + 64] = {}; // a sign and 64 binary digits
     const auto end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
     for (char* digit = digits; digit != end; ++digit)
     {

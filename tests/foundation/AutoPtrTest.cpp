@@ -3,7 +3,6 @@
 #include "Vesk/RefCountedObject.h"
 #include <gtest/gtest.h>
 #include <thread>
-#include <vector>
 
 namespace Vesk
 {
@@ -11,7 +10,7 @@ namespace Vesk
 namespace
 {
 
-class Counted : public RefCountedObject
+class Counted : public RefCountedObject // NOLINT(cppcoreguidelines-virtual-class-destructor)
 {
 public:
     explicit Counted(bool& deleted)
@@ -48,7 +47,7 @@ TEST(AutoPtr, TakesOverOrShares)
             EXPECT_EQ(object->referenceCount(), 2);
             EXPECT_EQ(sharer.get(), owner.get());
         }
-        EXPECT_EQ(object->referenceCount(), 1);
+        EXPECT_EQ(object->referenceCount(), 1); // NOLINT(clang-analyzer-cplusplus.NewDelete)
         EXPECT_EQ(owner->answer(), 42);
         EXPECT_EQ((*owner).answer(), 42);
         EXPECT_FALSE(deleted);
@@ -64,7 +63,7 @@ TEST(AutoPtr, CopiesShareAndMovesDoNot)
     EXPECT_EQ(first->referenceCount(), 2);
     AutoPtr<Counted> moved(std::move(copy));
     EXPECT_EQ(first->referenceCount(), 2);
-    EXPECT_TRUE(copy.isNull());
+    EXPECT_TRUE(copy.isNull()); // NOLINT(bugprone-use-after-move, clang-analyzer-cplusplus.Move)
 
     AutoPtr<Counted>& same = moved;
     moved = same;
@@ -109,9 +108,9 @@ TEST(AutoPtr, CountIsSafeAcrossThreads)
             for (int i = 0; i < 20000; ++i)
                 AutoPtr<Counted>(shared)->answer();
         };
-        std::vector<std::thread> threads;
-        for (int i = 0; i < 4; ++i)
-            threads.emplace_back(copyOften);
+        std::thread threads[4];
+        for (std::thread& thread : threads)
+            thread = std::thread(copyOften);
         for (std::thread& thread : threads)
             thread.join();
         EXPECT_EQ(shared->referenceCount(), 1);

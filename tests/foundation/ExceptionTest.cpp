@@ -48,6 +48,7 @@ TEST(Exception, WhatIsTheDisplayText)
     EXPECT_EQ(exception.what(), exception.what());
 
     // The copy is another kind of exception and the assigned one has another message.
+    // NOLINTNEXTLINE(cppcoreguidelines-slicing)
     EXPECT_STREQ(Exception(exception).what(), "Exception: unexpected \"]\"");
     SyntaxException assigned("old");
     EXPECT_STREQ(assigned.what(), "Syntax error: old");

@@ -58,6 +58,9 @@ private:
 
 } // namespace Vesk
 
+// A base class cannot stand in parentheses.
+// NOLINTBEGIN(bugprone-macro-parentheses)
+
 /// Declares the exception class NAME, derived from BASE and exported by means of API: the constructors of Exception,
 /// name(), className(), clone() and rethrow(). Stands in the namespace of the new class; VESK_IMPLEMENT_EXCEPTION stands
 /// in one source file, in the same namespace.
@@ -110,6 +113,8 @@ private:
         throw NAME(*this);                                                                                             \
     }                                                                                                                  \
     static_assert(true, "so that the use of this macro ends in a semicolon")
+
+// NOLINTEND(bugprone-macro-parentheses)
 
 namespace Vesk
 {

@@ -12,7 +12,9 @@ namespace Vesk
 ///
 /// The creator owns the first reference. Counting is atomic; everything else about the object is not. Instances live on
 /// the heap only and are not copied.
-class VESK_FOUNDATION_API RefCountedObject
+///
+/// The destructor is virtual for release() and not public, so that nobody else deletes.
+class VESK_FOUNDATION_API RefCountedObject // NOLINT(cppcoreguidelines-virtual-class-destructor)
 {
 public:
     RefCountedObject(const RefCountedObject&) = delete;
