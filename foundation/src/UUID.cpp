@@ -23,7 +23,7 @@ UUID::UUID(const std::string& text)
         throw SyntaxException("Invalid UUID", text);
 }
 
-bool UUID::tryParse(const std::string& text, UUID& uuid)
+bool UUID::tryParse(std::string_view text, UUID& uuid)
 {
     const bool grouped = text.size() == 36;
     if (!grouped && text.size() != 32)

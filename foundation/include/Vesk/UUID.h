@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace Vesk
 {
@@ -29,7 +30,7 @@ public:
     explicit UUID(const std::string& text);
 
     /// As the constructor, but returns false for a text that is no UUID and leaves uuid as it was.
-    static bool tryParse(const std::string& text, UUID& uuid);
+    static bool tryParse(std::string_view text, UUID& uuid);
 
     /// 36 characters, groups of 8, 4, 4, 4 and 12 digits, lower case.
     std::string toString() const;
