@@ -29,7 +29,7 @@ for group in "$@"; do
     esac
 done
 
-if ! command -v apt-get dpkg-query >/dev/null; then
+if ! command -v apt-get >/dev/null; then
     echo "This script knows Debian's packages only. Please install what these Debian packages hold, if it is missing:"
     echo "  ${wanted[*]}"
     exit 0
@@ -59,13 +59,14 @@ if [ "$(id -u)" -ne 0 ]; then
 fi
 apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y)
 
-# A fresh machine has no package lists, or lists that name versions the mirror no longer has.
 install()
 {
     "${apt[@]}" install --no-install-recommends "${missing[@]}"
 }
+
 echo "Packages: installing ${missing[*]} with apt-get${as_root:+ (through sudo)}."
-if ! apt-get install --simulate "${missing[@]}" >/dev/null 2>&1 || ! install; then
+# A fresh machine has no package lists, or lists that name versions the mirror no longer has.
+if ! apt-cache policy "${missing[@]}" | grep 'Candidate: [0-9]' >/dev/null || ! install; then
     echo "Packages: fetching the package lists first."
     "${apt[@]}" update
     install

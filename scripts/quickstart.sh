@@ -19,8 +19,11 @@ step "What the build needs"
 scripts/install-packages.sh build
 
 step "Build ($build, Release, without tests)"
-# Ninja unless the folder was configured with something else before.
-CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja} cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DVESK_BUILD_TESTS=OFF
+# A build folder that was configured before keeps its generator.
+if command -v ninja >/dev/null; then
+    export CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja}
+fi
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DVESK_BUILD_TESTS=OFF
 cmake --build "$build" --parallel "$(nproc)" --target veskfi roundtrip
 
 veskfi=$build/tools/veskfi

@@ -15,8 +15,10 @@ step()
 step "What build and tests need"
 scripts/install-packages.sh build test
 
-# Ninja unless a build folder was configured with something else before.
-export CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja}
+# A build folder that was configured before keeps its generator.
+if command -v ninja >/dev/null; then
+    export CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja}
+fi
 jobs=$(nproc)
 for preset in release asan; do
     step "$preset: configure"
