@@ -2,12 +2,8 @@
 #ifndef VESK_FASTINFOSET_BINARYENCODINGIMPL_H
 #define VESK_FASTINFOSET_BINARYENCODINGIMPL_H
 
-#include "EncodedSize.h"
+#include "ContentEncodingImpl.h"
 #include "Vesk/FastInfoset/BinaryEncoding.h"
-#include "Vesk/FastInfoset/Decoder.h"
-#include "Vesk/FastInfoset/Encoder.h"
-#include "Vesk/FastInfoset/FISContentHandler.h"
-#include "Vesk/FastInfoset/FISEncodingException.h"
 #include "Vesk/MemoryInputStream.h"
 #include <sstream>
 
@@ -58,12 +54,6 @@ int BinaryEncoding<Class, TextEncoder, TextDecoder>::check(const std::string& te
 }
 
 template <class Class, class TextEncoder, class TextDecoder>
-void BinaryEncoding<Class, TextEncoder, TextDecoder>::encode(BitStreamWriter& writer, const std::string& text)
-{
-    Class(text).write(writer);
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
 void BinaryEncoding<Class, TextEncoder, TextDecoder>::decode(const std::string& octets, std::string& text)
 {
     std::ostringstream target;
@@ -75,52 +65,11 @@ void BinaryEncoding<Class, TextEncoder, TextDecoder>::decode(const std::string& 
 }
 
 template <class Class, class TextEncoder, class TextDecoder>
-AutoPtr<Encoding> BinaryEncoding<Class, TextEncoder, TextDecoder>::decode(BitStreamReader& reader)
-{
-    AutoPtr<Encoding> encoding(new Class);
-    Decoder::nonEmptyOctetString(reader, encoding->content());
-    return encoding;
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
 void BinaryEncoding<Class, TextEncoder, TextDecoder>::decode(BitStreamReader& reader, std::string& text)
 {
     std::string octets;
     Decoder::nonEmptyOctetString(reader, octets);
     decode(octets, text);
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
-bool BinaryEncoding<Class, TextEncoder, TextDecoder>::merge(const Encoding& other)
-{
-    if (other.type() != type())
-        return false;
-    Encoding::content() += other.Encoding::content();
-    return true;
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
-void BinaryEncoding<Class, TextEncoder, TextDecoder>::write(BitStreamWriter& writer) const
-{
-    Encoder::nonEmptyOctetString(writer, Encoding::content());
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
-Encoding::DecodeMethod BinaryEncoding<Class, TextEncoder, TextDecoder>::decodeMethod() const
-{
-    return &Class::decode;
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
-Encoding::CheckMethod BinaryEncoding<Class, TextEncoder, TextDecoder>::checkMethod() const
-{
-    return &Class::check;
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
-Encoding::EncodeMethod BinaryEncoding<Class, TextEncoder, TextDecoder>::encodeMethod() const
-{
-    return &Class::encode;
 }
 
 template <class Class, class TextEncoder, class TextDecoder>
@@ -130,7 +79,7 @@ void BinaryEncoding<Class, TextEncoder, TextDecoder>::handle(XML::ContentHandler
         return;
     std::string digits;
     text(digits);
-    characters(handler, digits);
+    Encoding::characters(handler, digits);
 }
 
 template <class Class, class TextEncoder, class TextDecoder>
@@ -138,11 +87,6 @@ void BinaryEncoding<Class, TextEncoder, TextDecoder>::handle(FISContentHandler* 
 {
     if (handler)
         handler->binaryData(Encoding::content().data(), Encoding::content().size());
-}
-
-template <class Class, class TextEncoder, class TextDecoder>
-void BinaryEncoding<Class, TextEncoder, TextDecoder>::createContent()
-{
 }
 
 template <class Class, class TextEncoder, class TextDecoder>

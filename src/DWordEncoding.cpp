@@ -7,6 +7,7 @@
 namespace Vesk::FastInfoset
 {
 
+template class ContentEncoding<DWordEncoding>;
 template class BinaryEncoding<DWordEncoding, Base64Encoder, Base64Decoder>;
 
 int DWordEncoding::type() const

@@ -7,6 +7,7 @@
 namespace Vesk::FastInfoset
 {
 
+template class ContentEncoding<HexEncoding>;
 template class BinaryEncoding<HexEncoding, HexBinaryEncoder, HexBinaryDecoder>;
 
 int HexEncoding::type() const

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "Vesk/FastInfoset/NullEncoding.h"
-#include "EncodedSize.h"
-#include "Vesk/FastInfoset/Decoder.h"
-#include "Vesk/FastInfoset/Encoder.h"
-#include "Vesk/FastInfoset/FISContentHandler.h"
-#include "Vesk/FastInfoset/FISEncodingException.h"
+#include "ContentEncodingImpl.h"
 
 namespace Vesk::FastInfoset
 {
+
+template class ContentEncoding<NullEncoding>;
 
 NullEncoding::NullEncoding()
 {
@@ -24,13 +22,6 @@ NullEncoding::NullEncoding(const std::string& text)
 NullEncoding::NullEncoding(const char* text, int octetCount)
     : NullEncoding(std::string(text, static_cast<std::size_t>(octetCount)))
 {
-}
-
-AutoPtr<Encoding> NullEncoding::decode(BitStreamReader& reader)
-{
-    AutoPtr<Encoding> encoding(new NullEncoding);
-    decode(reader, encoding->content());
-    return encoding;
 }
 
 void NullEncoding::decode(BitStreamReader& reader, std::string& text)
@@ -53,41 +44,9 @@ int NullEncoding::type() const
     return TYPE;
 }
 
-bool NullEncoding::merge(const Encoding& other)
-{
-    if (other.type() != type())
-        return false;
-    Encoding::content() += other.content();
-    return true;
-}
-
-void NullEncoding::write(BitStreamWriter& writer) const
-{
-    Encoder::nonEmptyOctetString(writer, Encoding::content());
-}
-
-Encoding::DecodeMethod NullEncoding::decodeMethod() const
-{
-    return &NullEncoding::decode;
-}
-
-Encoding::CheckMethod NullEncoding::checkMethod() const
-{
-    return &NullEncoding::check;
-}
-
-Encoding::EncodeMethod NullEncoding::encodeMethod() const
-{
-    return &NullEncoding::encode;
-}
-
 void NullEncoding::handle(FISContentHandler* handler) const
 {
-    characters(handler, Encoding::content());
-}
-
-void NullEncoding::createContent()
-{
+    characters(handler, content());
 }
 
 } // namespace Vesk::FastInfoset

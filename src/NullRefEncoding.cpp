@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Vesk/FastInfoset/NullRefEncoding.h"
 #include "Vesk/Bugcheck.h"
-#include "Vesk/FastInfoset/Encoder.h"
-#include "Vesk/FastInfoset/FISContentHandler.h"
 
 namespace Vesk::FastInfoset
 {
@@ -29,17 +27,7 @@ bool NullRefEncoding::merge(const Encoding&)
     throw InvalidAccessException(IMMUTABLE);
 }
 
-void NullRefEncoding::write(BitStreamWriter& writer) const
-{
-    Encoder::nonEmptyOctetString(writer, content());
-}
-
 void NullRefEncoding::handle(XML::ContentHandler* handler) const
-{
-    characters(handler, content());
-}
-
-void NullRefEncoding::handle(FISContentHandler* handler) const
 {
     characters(handler, content());
 }

@@ -11,7 +11,7 @@
 
 // The members of TypedEncoding, for the sources that instantiate it. A derived class supplies, as static members:
 //
-//   TYPE, NAME                       algorithm index, name of the class for messages
+//   NAME                             of the class, for messages
 //   parseValue(token, value)         false if the token is not the value's own text
 //   appendValue(text, value)
 //   octetCount(valueCount)           what check() reports

@@ -29,7 +29,7 @@ int UUIDEncoding::type() const
 
 bool UUIDEncoding::parseValue(std::string_view token, UUID& value)
 {
-    return std::none_of(token.begin(), token.end(), isLowerCase) && UUID::tryParse(std::string(token), value);
+    return std::none_of(token.begin(), token.end(), isLowerCase) && UUID::tryParse(token, value);
 }
 
 void UUIDEncoding::appendValue(std::string& text, const UUID& value)

@@ -141,6 +141,8 @@ TEST(BoolEncodingTest, ManyUnusedBitsStillEndWithTheOctetsOfTheValue)
     EXPECT_EQ(bitsFrom(octetsOf("01 9A FF")), "101");
     EXPECT_EQ(bitsFrom(octetsOf("01 CA FF")), "");
     EXPECT_EQ(bitsFrom(octetsOf("02 FA A0 FF")), "10101");
+    // 8193 octets, the last of which is unused: octets are read in blocks of 8192.
+    EXPECT_EQ(bitsFrom(octetsOf("0C 00 00 1E F8") + std::string(8193, '\xFF')), std::string(8 * 8193 - 4 - 15, '1'));
 }
 
 TEST(BoolEncodingTest, AValueWithoutBooleansIsNoObject)

@@ -2,13 +2,13 @@
 #ifndef VESK_FASTINFOSET_BINARYENCODING_H
 #define VESK_FASTINFOSET_BINARYENCODING_H
 
-#include "Vesk/FastInfoset/Encoding.h"
+#include "Vesk/FastInfoset/ContentEncoding.h"
 #include <cstddef>
 
 namespace Vesk::FastInfoset
 {
 
-/// What HexEncoding and DWordEncoding have in common: octets of any value, stored as they are, at least one.
+/// What HexEncoding and DWordEncoding have in common: octets of any value, at least one.
 ///
 /// The content string holds the octets. Their text, digits without any line break, is made only when somebody asks for
 /// it; which texts are accepted is a matter of TextDecoder: white space between digits is, lower-case hexadecimal
@@ -16,7 +16,7 @@ namespace Vesk::FastInfoset
 ///
 /// Class is the encoding that derives from this one; TextEncoder and TextDecoder are its stream classes.
 template <class Class, class TextEncoder, class TextDecoder>
-class VESK_FASTINFOSET_API BinaryEncoding : public Encoding
+class VESK_FASTINFOSET_API BinaryEncoding : public ContentEncoding<Class>
 {
 public:
     /// No octets yet.
@@ -32,35 +32,19 @@ public:
     /// The number of octets whose digits the text is, -1 if it is empty, malformed or holds no octet.
     static int check(const std::string& text);
 
-    /// Writes the octets whose digits the text is, length first. Throws as the constructor from text does.
-    static void encode(BitStreamWriter& writer, const std::string& text);
+    using ContentEncoding<Class>::decode;
 
     /// Replaces text with the digits of the octets.
     static void decode(const std::string& octets, std::string& text);
 
-    /// Reads octets, length first, and hands over a new object, or replaces text with their digits.
-    ///
-    /// Requires: the reader at bit 1, 4 or 6 of an octet; it stands behind the octets afterwards.
-    static AutoPtr<Encoding> decode(BitStreamReader& reader);
+    /// Reads octets, length first, and replaces text with their digits.
     static void decode(BitStreamReader& reader, std::string& text);
-
-    /// Appends the other's octets if it is of the same type.
-    bool merge(const Encoding& other) override;
-
-    void write(BitStreamWriter& writer) const override;
-
-    DecodeMethod decodeMethod() const override;
-    CheckMethod checkMethod() const override;
-    EncodeMethod encodeMethod() const override;
 
     /// Delivers the digits as characters.
     void handle(XML::ContentHandler* handler) const override;
 
     /// Delivers the octets in one binaryData call.
     void handle(FISContentHandler* handler) const override;
-
-    /// Nothing to do: the content string is the value.
-    void createContent() override;
 
     void text(std::string& text) const override;
 };

@@ -21,8 +21,8 @@ class FISContentHandler;
 
 /// A value of character content together with the encoding algorithm (X.891 clause 10) that stores it.
 ///
-/// Objects are shared by reference count and held through AutoPtr<Encoding>; one is used by one thread at a time.
-/// They are not copied.
+/// Objects are shared by reference count and held through AutoPtr<Encoding>; one that is never shared may be a local
+/// variable. They are not copied, and each is used by one thread at a time.
 ///
 /// Every object has a content string. For text it is the value itself, for hexadecimal and base64 data the raw
 /// octets. For typed values it is a cache of their text that createContent() fills and merge() leaves as it was.

@@ -13,10 +13,9 @@ namespace Vesk::FastInfoset
 /// A ContentHandler that takes typed content as values instead of text.
 ///
 /// Set on a FastInfosetParser it receives character content that the document stores with a built-in encoding
-/// algorithm through the calls below, in document order: one encodedData call a value, one binaryData call a block.
-/// Plain text, text of CDATA sections and text resolved from a table arrive through characters() as ever; attribute
-/// values are always text. Several values of one call sequence belong to the same run of content: the text of such a
-/// run is the values' texts with one space between them.
+/// algorithm through the calls below, in document order: one encodedData call a value, one binaryData call a block of
+/// octets. Plain text, the text of CDATA sections and text that the document repeats by index arrive through
+/// characters() as ever; attribute values are always text.
 class VESK_FASTINFOSET_API FISContentHandler : public XML::ContentHandler
 {
 public:

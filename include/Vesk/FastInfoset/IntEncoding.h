@@ -14,7 +14,6 @@ public:
     static constexpr int TYPE = 4;
 
     using NumericEncoding::NumericEncoding;
-
     using NumericEncoding::decode;
 
     /// As in the other classes, but a length that is no multiple of 4 throws FISException instead of

@@ -2,13 +2,13 @@
 #ifndef VESK_FASTINFOSET_NULLENCODING_H
 #define VESK_FASTINFOSET_NULLENCODING_H
 
-#include "Vesk/FastInfoset/Encoding.h"
+#include "Vesk/FastInfoset/ContentEncoding.h"
 
 namespace Vesk::FastInfoset
 {
 
 /// Plain text: not an algorithm, and known to no registry.
-class VESK_FASTINFOSET_API NullEncoding : public Encoding
+class VESK_FASTINFOSET_API NullEncoding : public ContentEncoding<NullEncoding>
 {
 public:
     static constexpr int TYPE = 0;
@@ -20,34 +20,23 @@ public:
     explicit NullEncoding(const std::string& text);
     NullEncoding(const char* text, int octetCount);
 
-    /// Reads a text, length first, and hands over a new object, or replaces text.
-    /// Requires: the reader at bit 1, 4 or 6 of an octet; it stands behind the text afterwards.
-    static AutoPtr<Encoding> decode(BitStreamReader& reader);
+    using ContentEncoding::decode;
+
+    /// Reads a text, length first, and replaces text.
     static void decode(BitStreamReader& reader, std::string& text);
 
     /// The text's length: any text but the empty one can be written.
     static int check(const std::string& text);
 
-    /// Writes the text, length first. Throws FISEncodingException if it is empty.
+    /// Writes the text, length first. Throws FISEncodingException "Encoder::nonEmptyOctetString cannot encode empty
+    /// strings" if there is none.
     static void encode(BitStreamWriter& writer, const std::string& text);
 
     int type() const override;
 
-    /// Appends the other's text if it is of the same type.
-    bool merge(const Encoding& other) override;
-
-    void write(BitStreamWriter& writer) const override;
-
-    DecodeMethod decodeMethod() const override;
-    CheckMethod checkMethod() const override;
-    EncodeMethod encodeMethod() const override;
-
     /// Delivers the text in one characters call.
     void handle(FISContentHandler* handler) const override;
     using Encoding::handle;
-
-    /// Nothing to do: the content string is the value.
-    void createContent() override;
 };
 
 } // namespace Vesk::FastInfoset

@@ -23,10 +23,9 @@ public:
     /// Always throws InvalidAccessException "NullRefEncoding is immutable".
     bool merge(const Encoding& other) override;
 
-    void write(BitStreamWriter& writer) const override;
-
+    /// Delivers the referenced text, as the typed form does.
     void handle(XML::ContentHandler* handler) const override;
-    void handle(FISContentHandler* handler) const override;
+    using NullEncoding::handle;
 
     const std::string& content() const override;
 

@@ -10,7 +10,7 @@ namespace Vesk::FastInfoset
 
 /// What the encodings of numbers have in common: each number is stored in the octets of its type, most significant
 /// octet first, integers in two's complement and floating-point numbers as their IEEE 754 bits, one after the other
-/// without separators (X.891 clauses 10.4 to 10.6, 10.8 and 10.9).
+/// without separators (X.891 clause 10).
 ///
 /// Every bit pattern survives reading and writing, those of NaN with their payload and of -0 among them.
 template <class Class, typename Value>
