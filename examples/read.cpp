@@ -15,8 +15,7 @@ using Vesk::FastInfoset::FastInfosetParser;
 using Vesk::XML::Attributes;
 using Vesk::XML::XMLFilterImpl;
 
-// Receives the events of a document, from a parser of Fast Infoset or of XML text. XMLFilterImpl is a convenient base:
-// it takes every event, so that only the interesting ones have to be written.
+// XMLFilterImpl is a convenient base for a handler: it takes every event, and one overrides those of interest.
 class Outline : public XMLFilterImpl
 {
 public:
@@ -25,26 +24,30 @@ public:
     void startElement(const std::string&, const std::string& localName, const std::string&,
                       const Attributes& attributes) override
     {
-        std::cout << indentation() << localName;
+        std::cout << std::string(2 * _depth++, ' ') << localName;
         for (int i = 0; i < attributes.getLength(); ++i)
             std::cout << ' ' << attributes.getLocalName(i) << "=\"" << attributes.getValue(i) << '"';
         std::cout << '\n';
-        ++_depth;
     }
 
     void endElement(const std::string&, const std::string&, const std::string&) override { --_depth; }
 
-    // Typed values come as their text; a handler that derives from FISContentHandler gets the values themselves.
+    // Numbers and other typed values come as their text; a FISContentHandler would get the values themselves.
     void characters(const char ch[], int start, int length) override
     {
-        std::cout << indentation() << '"' << std::string(ch + start, ch + start + length) << "\"\n";
+        std::cout << std::string(2 * _depth, ' ') << '"' << std::string(ch + start, ch + start + length) << "\"\n";
     }
 
 private:
-    std::string indentation() const { return std::string(2 * _depth, ' '); }
-
     std::size_t _depth = 0;
 };
+
+void printOutline(const std::string& path)
+{
+    FastInfosetParser parser; // for XML text: Vesk::XML::SAXParser, and nothing else changes
+    Outline outline(&parser);
+    outline.parse(path);
+}
 
 int main(int argc, char* argv[])
 {
@@ -55,9 +58,7 @@ int main(int argc, char* argv[])
     }
     try
     {
-        FastInfosetParser parser;
-        Outline outline(&parser);
-        outline.parse(argv[1]);
+        printOutline(argv[1]);
     }
     catch (const std::exception& exception)
     {
