@@ -2,6 +2,7 @@
 #ifndef VESK_FASTINFOSET_NAMEINDEXCACHE_H
 #define VESK_FASTINFOSET_NAMEINDEXCACHE_H
 
+#include "RecentPlace.h"
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
 #include "Vesk/FastInfoset/QualifiedNameEntry.h"
 #include "Vesk/FastInfoset/VerbTable.h"
@@ -46,24 +47,19 @@ public:
     }
 
 private:
-    static constexpr std::size_t PLACES = 256;
+    static constexpr int PLACE_BITS = 8;
+    static constexpr std::size_t PLACE_COUNT = 1u << PLACE_BITS;
 
-    // Cheap rather than good: length, ends and middle of the local name tell most names of a document apart.
     static std::size_t place(const std::string& prefix, const std::string& localName)
     {
-        const auto octet = [&localName](std::size_t i)
-        {
-            return static_cast<unsigned char>(localName[i]);
-        };
-        const std::size_t size = localName.size();
-        return (size * 7 + octet(0) + octet(size / 2) * 5u + octet(size - 1) * 37u + prefix.size() * 61) % PLACES;
+        return recentPlace(localName, PLACE_BITS) ^ prefix.size() % PLACE_COUNT;
     }
 
     const VerbTable<QualifiedNameEntry>* _names = nullptr;
     const VerbTable<std::string>* _prefixes = nullptr;
     const VerbTable<std::string>* _namespaceNames = nullptr;
     const VerbTable<std::string>* _localNames = nullptr;
-    std::array<unsigned int, PLACES> _indexes{};
+    std::array<unsigned int, PLACE_COUNT> _indexes{};
 };
 
 } // namespace Vesk::FastInfoset

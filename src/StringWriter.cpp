@@ -42,6 +42,8 @@ void StringWriter::begin()
 {
     _elementNames.begin(_vocabulary.elementNames().entries(), _vocabulary);
     _attributeNames.begin(_vocabulary.attributeNames().entries(), _vocabulary);
+    _values.begin(_vocabulary.vocabulary(DocumentVocabulary::ATTRIBUTE_VALUE).entries());
+    _chunks.begin(_vocabulary.vocabulary(DocumentVocabulary::CONTENT_CHARACTER_CHUNK).entries());
 }
 
 void StringWriter::writeIdentifyingString(const std::string& text)
@@ -99,6 +101,15 @@ StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabul
     if (!text.empty() && (_maxIndexedLength < 0 || text.size() > static_cast<std::size_t>(_maxIndexedLength)))
         return lookup;
 
+    StringIndexCache* const recent = cache(table);
+    if (recent)
+    {
+        lookup.index = recent->find(text);
+        lookup.found = lookup.index != 0;
+        if (lookup.found)
+            return lookup;
+    }
+
     _key.assign(text.data(), text.size());
     Vocabulary<std::string>& strings = _vocabulary.vocabulary(table);
     if (strings.size() < FULL_TABLE)
@@ -111,7 +122,17 @@ StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabul
         const unsigned int index = strings.exists(_key, lookup.found);
         lookup.index = lookup.found ? index : 0;
     }
+    if (recent)
+        recent->remember(text, lookup.index);
     return lookup;
+}
+
+// The tables that are looked up for nearly every event have one.
+StringIndexCache* StringWriter::cache(DocumentVocabulary::ID table)
+{
+    if (table == DocumentVocabulary::ATTRIBUTE_VALUE)
+        return &_values;
+    return table == DocumentVocabulary::CONTENT_CHARACTER_CHUNK ? &_chunks : nullptr;
 }
 
 // 1 and the index, or 0 and whether the literal that follows enters the table.

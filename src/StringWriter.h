@@ -3,6 +3,7 @@
 #define VESK_FASTINFOSET_STRINGWRITER_H
 
 #include "NameIndexCache.h"
+#include "StringIndexCache.h"
 #include "Vesk/AutoPtr.h"
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
 #include "Vesk/FastInfoset/Encoding.h"
@@ -81,6 +82,7 @@ private:
         unsigned int index; // 0 if neither
     };
 
+    StringIndexCache* cache(DocumentVocabulary::ID table);
     Lookup lookUp(std::string_view text, DocumentVocabulary::ID table);
     unsigned int writeLookup(const Lookup& lookup);
     bool findName(const std::string& prefix, const std::string& uri, const std::string& localName, bool isElement,
@@ -94,6 +96,8 @@ private:
     bool _inCDATA = false;
     NameIndexCache _elementNames;
     NameIndexCache _attributeNames;
+    StringIndexCache _values;
+    StringIndexCache _chunks;
     std::string _key; // the text being looked up
 };
 
