@@ -34,7 +34,8 @@ class FISContentHandler;
 ///   - encode(writer, text) writes the text as one value, length first. Throws FISEncodingException on bad text.
 ///
 /// All texts are UTF-8.
-class VESK_FASTINFOSET_API Encoding : public RefCountedObject
+class VESK_FASTINFOSET_API Encoding // NOLINT(cppcoreguidelines-virtual-class-destructor): see RefCountedObject
+    : public RefCountedObject
 {
 public:
     using DecodeMethod = AutoPtr<Encoding> (*)(BitStreamReader& reader);

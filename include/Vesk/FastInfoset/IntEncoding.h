@@ -13,8 +13,8 @@ class VESK_FASTINFOSET_API IntEncoding : public NumericEncoding<IntEncoding, int
 public:
     static constexpr int TYPE = 4;
 
-    using NumericEncoding::NumericEncoding;
     using NumericEncoding::decode;
+    using NumericEncoding::NumericEncoding;
 
     /// As in the other classes, but a length that is no multiple of 4 throws FISException instead of
     /// FISEncodingException.
