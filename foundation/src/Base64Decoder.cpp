@@ -53,7 +53,7 @@ public:
     {
         while (text != textEnd)
         {
-            if (_digitCount == 0 && _paddingCount == 0)
+            if (_digitCount == 0)
                 text = decodeGroups(text, textEnd, octets);
             if (text != textEnd && !take(kindOf(*text++), octets))
                 return false;
@@ -61,7 +61,7 @@ public:
         return true;
     }
 
-    bool isComplete() const { return _digitCount + _paddingCount == 0 || isPadded(); }
+    bool isComplete() const { return _digitCount == 0 || isPadded(); }
 
 private:
     bool isPadded() const { return _paddingCount > 0 && _digitCount + _paddingCount == 4; }
@@ -123,7 +123,7 @@ private:
     }
 
     unsigned _group = 0;
-    int _digitCount = 0;
+    int _digitCount = 0; // padding does not reset it, so that it marks the end of the text
     int _paddingCount = 0;
 };
 

@@ -59,7 +59,7 @@ private:
             _source.read(text, sizeof text);
             const std::streamsize count = _source.gcount();
             if (count == 0)
-                _state = _source.eof() && !_source.bad() && _codec.isComplete() ? State::ENDED : State::INVALID;
+                _state = _source.eof() && _codec.isComplete() ? State::ENDED : State::INVALID;
             else if (!_codec.decode(text, text + count, octetsEnd))
                 _state = State::INVALID;
         }
@@ -70,8 +70,8 @@ private:
     std::ios& _owner;
     Codec _codec;
     State _state = State::READING;
-    // A group that the block before left unfinished makes one more.
-    char _octets[(BLOCK_GROUPS + 1) * Codec::GROUP_OCTETS];
+    // Enough even if the block before left a group unfinished: then this block ends in the middle of one.
+    char _octets[BLOCK_GROUPS * Codec::GROUP_OCTETS];
 };
 
 } // namespace Vesk

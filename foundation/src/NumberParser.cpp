@@ -29,8 +29,8 @@ std::string withoutSeparators(std::string_view text, char separator, std::size_t
     plain.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i)
     {
-        const bool skipped =
-            text[i] == separator && i > 0 && i + 1 < wholeEnd && isDigit(text[i - 1]) && isDigit(text[i + 1]);
+        const bool skipped = separator != 0 && text[i] == separator && i > 0 && i + 1 < wholeEnd &&
+                             isDigit(text[i - 1]) && isDigit(text[i + 1]);
         if (!skipped)
             plain += text[i];
     }
@@ -58,7 +58,7 @@ bool parseInteger(std::string_view text, Integer& value, char separator)
 }
 
 // The numbers that XML Schema spells with letters.
-bool isSpecial(std::string_view text, double& value)
+bool parseSpecial(std::string_view text, double& value)
 {
     using Limits = std::numeric_limits<double>;
     if (text == "NaN")
@@ -95,7 +95,7 @@ bool NumberParser::tryParse64(std::string_view text, long& value, char thousands
 
 bool NumberParser::tryParseFloat(std::string_view text, double& value, char decimalPoint, char thousandsSeparator)
 {
-    if (isSpecial(text, value))
+    if (parseSpecial(text, value))
         return true;
     if (decimalPoint == '.' && !hasSeparators(text, thousandsSeparator))
         return parseReal(text, value);

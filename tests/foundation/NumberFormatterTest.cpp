@@ -23,7 +23,10 @@ TEST(NumberFormatter, FloatAndDoubleHaveBoundsOfTheirOwn)
     EXPECT_EQ(NumberFormatter::format(1e6f), "1e6");
     EXPECT_EQ(NumberFormatter::format(1e6), "1000000");
     EXPECT_EQ(NumberFormatter::format(1e15), "1e15");
-    EXPECT_EQ(NumberFormatter::format(0.1f), "0.1");
+    EXPECT_EQ(NumberFormatter::format(1e-6f), "0.000001");
+    EXPECT_EQ(NumberFormatter::format(1e-7f), "1e-7");
+    EXPECT_EQ(NumberFormatter::format(1e-15), "0.000000000000001");
+    EXPECT_EQ(NumberFormatter::format(1e-16), "1e-16");
 }
 
 TEST(NumberFormatter, AppendKeepsWhatIsThere)

@@ -134,6 +134,7 @@ TEST(NumberParser, SeparatorsCanBeChosen)
     EXPECT_EQ(real, -12345675.0);
     EXPECT_FALSE(NumberParser::tryParseFloat("1.5", real, ',', 0));
     EXPECT_FALSE(NumberParser::tryParseFloat("1,5.5", real, ',', '.'));
+    EXPECT_FALSE(NumberParser::tryParseFloat(std::string_view("1\0002", 3), real, ',', 0));
 }
 
 TEST(NumberParser, ReadsAsManyDigitsAsThereAre)

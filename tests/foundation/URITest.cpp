@@ -23,6 +23,7 @@ const URICase URI_CASES[] = {
     {"file:/tmp/a%20b%2Bc%2f", "file", "", "/tmp/a b+c/"},
     {"file:relative.xml", "file", "", "relative.xml"},
     {"http://www.example.org:8080/v/names.xml?version=1#top", "http", "www.example.org:8080", "/v/names.xml"},
+    {"file:names.xml#top", "file", "", "names.xml"},
     {"http://www.example.org?a/b", "http", "www.example.org", ""},
     {"http://www.example.org", "http", "www.example.org", ""},
     {"urn:example:names.fis", "urn", "", "example:names.fis"},

@@ -13,7 +13,7 @@ namespace Vesk
 /// The root of the family's exceptions.
 ///
 /// An exception carries a message, a code that is the thrower's own (0 when it has none) and, where it was caused by
-/// another exception, a copy of that one. Exceptions are values: copying them is cheap enough and always allowed.
+/// another exception, a copy of that one. Exceptions are values: a copy is independent of the original.
 class VESK_FOUNDATION_API Exception : public std::exception
 {
 public:
