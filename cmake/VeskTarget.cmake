@@ -1,7 +1,10 @@
 # What every target of the project has in common: the language level, hidden visibility, the project's warnings
-# and, where asked for, sanitizers and coverage.
+# and, where asked for, sanitizers, coverage and what fuzzers are guided by.
 
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+if(NOT CMAKE_CXX_STANDARD)
+  set(CMAKE_CXX_STANDARD 17)
+endif()
 
 # Calls within a library need not go through its symbol table, and can be inlined; Clang takes that for granted.
 include(CheckCXXCompilerFlag)
@@ -28,6 +31,9 @@ function(vesk_configure_target target)
   if(BUILD_SHARED_LIBS AND NOT VESK_SANITIZE)
     # A library must find at link time whatever it uses.
     target_link_options(${target} PRIVATE LINKER:--no-undefined)
+  endif()
+  if(VESK_BUILD_FUZZERS)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
   if(VESK_COVERAGE)
     target_compile_options(${target} PRIVATE --coverage)
