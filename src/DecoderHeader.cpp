@@ -17,6 +17,7 @@
 #include "Vesk/FastInfoset/FISException.h"
 #include "Vesk/FastInfoset/FISParseException.h"
 #include "Vesk/FastInfoset/StringDecoder.h"
+#include <utility>
 
 namespace Vesk::FastInfoset
 {
@@ -221,7 +222,7 @@ void Decoder::encodedCharacterString(BitStreamReader& reader, std::string& text,
     {
         const unsigned int alphabet = index();
         nonEmptyOctetString(reader, octets);
-        StringDecoder::decodeAlphabet(octets, vocabulary.restrictedAlphabets().alphabet(alphabet), text);
+        StringDecoder::decodeAlphabet(octets, std::as_const(vocabulary).restrictedAlphabets().alphabet(alphabet), text);
         break;
     }
     default:

@@ -10,7 +10,7 @@ namespace Vesk::FastInfoset
 {
 
 class DocumentVocabulary;
-struct QualifiedNameEntry;
+class QualifiedNameEntry;
 
 template <typename T>
 class Vocabulary;

@@ -5,6 +5,7 @@
 #include "Vesk/FastInfoset/FISParseException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/StringDecoder.h"
+#include <utility>
 
 namespace Vesk::FastInfoset
 {
@@ -153,7 +154,7 @@ AutoPtr<Encoding> StringParser::parseEncodedCharacterString(unsigned int octet, 
         _reader->unread(static_cast<unsigned int>(groupBits));
         const unsigned int index = PrimitiveCode::smallInteger(*_reader);
         Decoder::nonEmptyOctetString(*_reader, _octets);
-        StringDecoder::decodeAlphabet(_octets, _vocabulary->restrictedAlphabets().alphabet(index), text);
+        StringDecoder::decodeAlphabet(_octets, std::as_const(*_vocabulary).restrictedAlphabets().alphabet(index), text);
         break;
     }
     case ENCODING_ALGORITHM:
