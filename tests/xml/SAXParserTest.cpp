@@ -250,7 +250,7 @@ TEST(SAXParserTest, ReadsStreamsOfAnyBlockSize)
 {
     const std::string xml = "<a>" + repeated("<b c='d'>text &amp; more</b>\n", 5000) + "</a>";
     const std::string expected = eventsOfXML(xml);
-    for (const std::size_t blockSize : {1, 2, 3, 5, 4096, 65536, 1000000})
+    for (const std::size_t blockSize : {1u, 2u, 3u, 5u, 4096u, 65536u, 1000000u})
     {
         BlockInputStream stream(xml, blockSize);
         EXPECT_TRUE(eventsOfXML(stream) == expected) << blockSize;

@@ -158,7 +158,8 @@ TEST(XMLWriterTest, FindsPrefixesForNames)
          EVENTS(d.startPrefixMapping("p", "u"), d.start("u", "a", "p:a", {{"u", "b", "p:b", ""}}), d.end())},
         // empty qualified names: the default namespace for elements, never for attributes
         {"<a xmlns=\"u\" xmlns:p=\"u\" p:b=\"\"/>",
-         EVENTS(d.startPrefixMapping("", "u"), d.startPrefixMapping("p", "u"), d.start("u", "a", "", {{"u", "b", "", ""}}), d.end())},
+         EVENTS(d.startPrefixMapping("", "u"), d.startPrefixMapping("p", "u"),
+                d.start("u", "a", "", {{"u", "b", "", ""}}), d.end())},
         {"<a xmlns=\"u\" xmlns:ns1=\"u\" ns1:b=\"\"/>",
          EVENTS(d.startPrefixMapping("", "u"), d.start("u", "a", "", {{"u", "b", "", ""}}), d.end())},
         // declared where nothing is
@@ -172,7 +173,8 @@ TEST(XMLWriterTest, FindsPrefixesForNames)
          EVENTS(d.start("", "a", "a", {{"u", "b", "", ""}, {"u", "c", "", ""}, {"v", "b", "", ""}}), d.end())},
         // an invented prefix is none that is in use
         {"<a xmlns:ns1=\"u\"><b xmlns:ns2=\"v\" ns2:c=\"\"/></a>",
-         EVENTS(d.startPrefixMapping("ns1", "u"), d.start("a"), d.start("", "b", "b", {{"v", "c", "", ""}}), d.end(), d.end())},
+         EVENTS(d.startPrefixMapping("ns1", "u"), d.start("a"), d.start("", "b", "b", {{"v", "c", "", ""}}),
+                d.end(), d.end())},
         // the prefix stands for another namespace
         {"<p:a xmlns:p=\"u\"><p:b xmlns:p=\"v\"/></p:a>",
          EVENTS(d.start("u", "a", "p:a"), d.start("v", "b", "p:b"), d.end(), d.end())},
@@ -185,10 +187,12 @@ TEST(XMLWriterTest, FindsPrefixesForNames)
          EVENTS(d.start("u", "a", "p:a"), d.startPrefixMapping("p", "v"), d.start("u", "b"), d.end(), d.end())},
         // no namespace inside a default namespace
         {"<a xmlns=\"u\"><b xmlns=\"\"><c/></b><d/></a>",
-         EVENTS(d.start("u", "a"), d.start("", "b"), d.start("", "c"), d.end(), d.end(), d.start("u", "d"), d.end(), d.end())},
+         EVENTS(d.start("u", "a"), d.start("", "b"), d.start("", "c"), d.end(), d.end(),
+                d.start("u", "d"), d.end(), d.end())},
         // declarations as attributes
         {"<a xmlns=\"u\" xmlns:p=\"v\" b=\"\"/>",
-         EVENTS(d.start("u", "a", "a", {{"", "", "xmlns", "u"}, {"", "b", "b", ""}, {"", "", "xmlns:p", "v"}}), d.end())},
+         EVENTS(d.start("u", "a", "a", {{"", "", "xmlns", "u"}, {"", "b", "b", ""}, {"", "", "xmlns:p", "v"}}),
+                d.end())},
         {"<a xmlns=\"u\" xmlns:p=\"v\"/>",
          [](Document& d)
          {
@@ -197,7 +201,8 @@ TEST(XMLWriterTest, FindsPrefixesForNames)
          }},
         // names that are known as qualified names only
         {"<p:a xmlns:p=\"u\" p:b=\"\" c=\"\"><d/></p:a>",
-         EVENTS(d.startPrefixMapping("p", "u"), d.start("", "", "p:a", {{"", "", "p:b", ""}, {"", "", "c", ""}}), d.start("", "", "d"), d.end(), d.end())},
+         EVENTS(d.startPrefixMapping("p", "u"), d.start("", "", "p:a", {{"", "", "p:b", ""}, {"", "", "c", ""}}),
+                d.start("", "", "d"), d.end(), d.end())},
         {"<xml:a xml:lang=\"en\" xml:space=\"preserve\"/>",
          [](Document& d)
          {

@@ -219,7 +219,7 @@ void ExpatParser::readMemory(const char* xml, std::size_t size)
 void ExpatParser::check(XML_Status status)
 {
     if (_failure)
-        std::rethrow_exception(_failure);
+        std::rethrow_exception(std::exchange(_failure, nullptr));
     if (status != XML_STATUS_OK)
     {
         const XML_Error error = XML_GetErrorCode(_input->parser);

@@ -149,7 +149,7 @@ const XMLString* NamespaceSupport::findAttributePrefix(const XMLString& namespac
 void NamespaceSupport::dropContext()
 {
     if (_depth == OUTERMOST)
-        Bugcheck::assertion("_depth > OUTERMOST", "src/NamespaceSupport", 74);
+        Bugcheck::assertion("_depth > OUTERMOST", "src/NamespaceSupport", 152);
     while (hasDeclarations())
         removeLast();
 }

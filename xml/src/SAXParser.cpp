@@ -3,8 +3,6 @@
 #include "ExpatParser.h"
 #include "ResolvedSource.h"
 #include "Vesk/Bugcheck.h"
-#include "Vesk/XML/DeclHandler.h"
-#include "Vesk/XML/LexicalHandler.h"
 #include "Vesk/XML/SAXException.h"
 
 namespace Vesk::XML
@@ -119,7 +117,7 @@ void* SAXParser::getProperty(const XMLString& propertyId) const
 void SAXParser::parse(InputSource* source)
 {
     if (!source)
-        Bugcheck::nullPointer("source", "src/SAXParser", 121);
+        Bugcheck::nullPointer("source", "src/SAXParser", 120);
     if (source->getByteStream() || source->getCharacterStream())
         _impl->expat.parse(*source);
     else

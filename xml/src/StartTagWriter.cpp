@@ -194,8 +194,8 @@ void StartTagWriter::takeBackDefaultNamespace(const XMLString& localName)
 
 const XMLString& StartTagWriter::attributePrefix(const XMLString& uri)
 {
-    const XMLString* const mapped = _namespaces.findURI(_prefix);
-    if (!_prefix.empty() && mapped && *mapped == uri)
+    const XMLString* const mapped = _prefix.empty() ? nullptr : _namespaces.findURI(_prefix);
+    if (mapped && *mapped == uri)
         return _prefix;
     if (const XMLString* const other = _namespaces.findAttributePrefix(uri))
         return *other;

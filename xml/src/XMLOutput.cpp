@@ -150,8 +150,9 @@ void XMLOutput::release(std::string_view text)
 
 void XMLOutput::discard()
 {
+    if (_holdsBack)
+        _next = _buffer.get();
     _holdsBack = false;
-    _next = _buffer.get();
 }
 
 void XMLOutput::writeBeyondBuffer(std::string_view markup)

@@ -14,9 +14,9 @@ namespace Vesk::XML
 /// between characters. Every text that characters and comment hand over is followed by a zero octet. Without a lexical
 /// handler, comments and the bounds of CDATA sections do not divide text.
 ///
-/// Comments inside the document type declaration are not reported. Attribute types are always "CDATA". A
-/// reference to an entity that is declared outside of what was read is reported as skippedEntity in content and reads
-/// as nothing in attribute values. ignorableWhitespace, startEntity and endEntity are never called.
+/// Comments inside the document type declaration are not reported. Attribute types are always "CDATA". A reference to
+/// an entity that is declared outside of what was read is reported as skippedEntity in content and reads as nothing in
+/// attribute values. ignorableWhitespace, startEntity and endEntity are never called.
 ///
 /// Features:
 /// - FEATURE_NAMESPACES: true, cannot be switched off.
@@ -27,9 +27,12 @@ namespace Vesk::XML
 ///
 /// Properties: PROPERTY_LEXICAL_HANDLER, PROPERTY_DECLARATION_HANDLER.
 ///
-/// A document that is not well-formed throws SAXParseException, after the error handler's fatalError. An exception from
-/// a handler passes through to the caller of parse. No events follow a failure; the parser can then parse another
-/// document. A parser serves one thread and one document at a time; copying is not meant.
+/// Bounds: a namespace name has at most 16 KiB, a document at most 500 entities that refer to other entities, external
+/// entities are nested at most 32 deep, and expat limits how much text entities may unfold to.
+///
+/// A document that is not well-formed, or goes beyond a bound, throws SAXParseException, after the error handler's
+/// fatalError. An exception from a handler passes through to the caller of parse. No events follow a failure; the
+/// parser can then parse another document. A parser serves one thread and one document at a time; copying is not meant.
 class VESK_XML_API SAXParser : public XMLReader
 {
 public:

@@ -20,10 +20,12 @@ class XMLOutput;
 /// Writes the events of a document as XML 1.0 text in UTF-8.
 ///
 /// The text is well-formed and gives a reader the same events again. Characters are escaped where they must be. What
-/// XML text cannot say throws SAXException: characters that XML does not allow, ill-formed UTF-8, invalid names, "--" in
-/// a comment, "?>" in a processing instruction, the same attribute twice, an undeclared prefix, a declared prefix
-/// without a namespace, events in an order that no document has. The output is then incomplete, and the writer can only
-/// be destroyed. What XML text does not keep: carriage returns in comments and processing instructions are read back as
+/// XML text cannot say throws SAXException: characters that XML does not allow, ill-formed UTF-8, invalid names (by the
+/// fifth edition), "--" in a comment, "?>" in a processing instruction, the same attribute twice, an undeclared prefix,
+/// a prefix declared for no namespace, events in an order that no document has. The output is then incomplete, and the
+/// writer can only be destroyed.
+///
+/// What XML text does not keep: carriage returns in comments and processing instructions are read back as
 /// line feeds, white space around the root element is not written, "]]>" and carriage returns end a CDATA section and
 /// start another one.
 ///
@@ -70,7 +72,7 @@ public:
     /// Flushes the stream. Throws IOException if the stream fails, here as in all events.
     void endDocument() override;
 
-    /// Empty strings stand for what is unknown: the local name can be left to the qualified name and the other way round.
+    /// Empty strings stand for what is unknown: the local name can be left to the qualified name and vice versa.
     void startElement(const XMLString& uri, const XMLString& localName, const XMLString& qname,
                       const Attributes& attributes) override;
     /// Ends the innermost open element; the names are not looked at.
