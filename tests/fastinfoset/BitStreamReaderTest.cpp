@@ -6,6 +6,7 @@
 #include "Vesk/FastInfoset/FISParseException.h"
 #include <bitset>
 #include <functional>
+#include <memory>
 #include <random>
 #include <sstream>
 #include <vector>
@@ -58,31 +59,27 @@ private:
 };
 
 /// A document in memory that ends where its memory ends, or in a stream that delivers blocks of some size.
-class Source
+struct Source
 {
-public:
     Source(const std::string& octets, std::size_t blockSize)
-        : _memory(octets),
-          _stream(octets, blockSize),
+        : memory(octets),
+          stream(octets, blockSize),
           isStream(blockSize != 0),
-          reader(isStream ? std::make_unique<BitStreamReader>(_stream)
-                          : std::make_unique<BitStreamReader>(_memory.data(), _memory.size()))
+          reader(isStream ? std::make_unique<BitStreamReader>(stream)
+                          : std::make_unique<BitStreamReader>(memory.data(), memory.size()))
     {
     }
 
-private:
-    ExactBlock _memory;
-    BlockInputStream _stream;
-
-public:
-    const bool isStream;
-    const std::unique_ptr<BitStreamReader> reader;
+    ExactBlock memory;
+    BlockInputStream stream;
+    bool isStream;
+    std::unique_ptr<BitStreamReader> reader;
 };
 
 const std::size_t MEMORY = 0;
 const std::size_t BLOCK_SIZES[] = {MEMORY, 1, 2, 3, 5, 1023, 1024};
 
-/// Reads width bits with the operation for that many, and with every wider one; compares with the model.
+/// Reads width bits and compares with the model, which moves on if they are all there.
 template <typename T>
 void expectRead(BitStreamReader& reader, Model& model, int width)
 {

@@ -123,7 +123,7 @@ TEST(ConverterTest, DocumentsComeThrough)
             SCOPED_TRACE(testing::Message() << document.name << ", indexed up to " << maxIndexedLength);
             const std::string fis = toFIS(document.xml, maxIndexedLength);
             for (const DocumentVocabulary::VocabularyImpl impl :
-                 {DocumentVocabulary::VOC_VECTOR, DocumentVocabulary::VOC_MAP})
+                 {DocumentVocabulary::VOC_VECTOR, DocumentVocabulary::VOC_HASH, DocumentVocabulary::VOC_MAP})
                 EXPECT_EQ(eventsOfFIS(fis, impl), events);
             for (const int options : {XML::XMLWriter::CANONICAL, XML::XMLWriter::WRITE_XML_DECLARATION})
                 EXPECT_EQ(eventsOfXML(toXML(fis, options)), events);

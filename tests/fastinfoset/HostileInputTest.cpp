@@ -3,7 +3,6 @@
 #include "SampleDocuments.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/FastInfosetWriter.h"
-#include "Vesk/NullOutputStream.h"
 #include "Vesk/URIStreamOpener.h"
 #include <algorithm>
 #include <atomic>

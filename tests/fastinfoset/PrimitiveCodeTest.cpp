@@ -8,10 +8,8 @@
 #include "Vesk/FastInfoset/FISEncodingException.h"
 #include "Vesk/FastInfoset/FISException.h"
 #include "Vesk/FastInfoset/FISParseException.h"
-#include <algorithm>
 #include <functional>
 #include <sstream>
-#include <vector>
 
 // The codes of Encoder and Decoder: what the one writes, bit by bit, and what the other makes of it.
 

@@ -2,8 +2,6 @@
 #include "EventLog.h"
 #include "SampleDocuments.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
-#include <memory>
-#include <vector>
 
 // Good documents with an end that is missing or a bit that is wrong.
 
