@@ -8,7 +8,7 @@
 #   --instructions     counts instructions per event with callgrind instead of taking times
 #   --output FOLDER    where the report goes; docs by default
 #   --rows TEXT        takes only the rows whose names contain this, and prints the report
-#   --repeats N        how often each row is timed; 15 by default
+#   --repeats N        how often each row is timed; 41 by default
 #
 # Without files and folders it takes the sample documents of the project. A folder of small documents counts as one.
 # Writes benchmarks.md with benchmarks.svg, or instructions.md. The program is built in build/bench.
@@ -61,7 +61,7 @@ if [ -z "$instructions" ]; then
 else
     counts=$(mktemp -d)
     trap 'rm -rf "$counts"' EXIT
-    valgrind --quiet --tool=callgrind --callgrind-out-file="$counts/callgrind" \
+    valgrind --quiet --tool=callgrind --instr-atstart=no --callgrind-out-file="$counts/callgrind" \
         "$report" --callgrind "$counts/callgrind" "${report_options[@]}" -- "${paths[@]}"
 fi
 if [ -n "$output" ]; then

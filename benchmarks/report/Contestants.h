@@ -3,6 +3,7 @@
 #define VESK_BENCHMARKS_CONTESTANTS_H
 
 #include "Contestant.h"
+#include "TemporaryFile.h"
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
 #include <memory>
 
@@ -35,15 +36,20 @@ ContestantPtr makeLibXML(Workload& workload);
 ContestantPtr makePugixml(Workload& workload);
 /// @}
 
-/// Reading Fast Infoset
+/// \name Reading Fast Infoset
+/// @{
 ContestantPtr makeFastInfosetParser(Workload& workload, Tables tables, Input input, Lifetime lifetime);
+/// With vector tables, reused, from memory, where another indexing limit was used than the writer's own.
+ContestantPtr makeLimitReader(Workload& workload, int maxIndexedLength);
+/// @}
 
 /// The floor: events that are decoded already are handed over, with nothing but the attributes left to fill in.
 ContestantPtr makeFloor(Workload& workload, EventStore::Attributes attributes);
 
-/// \name Writing from decoded events into memory
+/// \name Writing from decoded events, into memory but for one
 /// @{
 ContestantPtr makeFastInfosetWriter(Workload& workload, Tables tables);
+ContestantPtr makeFastInfosetFileWriter(Workload& workload, TemporaryFile::Flushing flushing);
 ContestantPtr makeLibXMLWriter(Workload& workload);
 /// The least that writing text takes: names and values are copied and escaped, nothing is checked.
 ContestantPtr makeEscaper(Workload& workload);

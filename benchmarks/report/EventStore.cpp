@@ -6,8 +6,21 @@ namespace Vesk::Benchmarks
 
 void EventStore::replay(XML::ContentHandler& handler, Attributes attributes)
 {
+    if (attributes == PREPARED)
+        replay<PREPARED>(handler);
+    else if (attributes == REFERENCES)
+        replay<REFERENCES>(handler);
+    else
+        replay<COPIES>(handler);
+}
+
+template <EventStore::Attributes ATTRIBUTES>
+void EventStore::replay(XML::ContentHandler& handler)
+{
+    Position position{_prepared.begin(), _attributes.data()};
     for (const Event& event : _events)
     {
+        const Strings& strings = *event.strings;
         switch (event.kind)
         {
         case START_DOCUMENT:
@@ -17,50 +30,52 @@ void EventStore::replay(XML::ContentHandler& handler, Attributes attributes)
             handler.endDocument();
             break;
         case START_ELEMENT:
-            handler.startElement(*event.first, *event.second, *event.third, filled(*event.attributes, attributes));
+            handler.startElement(*strings.first, *strings.second, *strings.third,
+                                 attributesOf<ATTRIBUTES>(event, position));
             break;
         case END_ELEMENT:
-            handler.endElement(*event.first, *event.second, *event.third);
+            handler.endElement(*strings.first, *strings.second, *strings.third);
             break;
         case CHARACTERS:
-            handler.characters(event.first->data(), 0, static_cast<int>(event.first->size()));
+            handler.characters(strings.first->data(), 0, static_cast<int>(strings.first->size()));
             break;
         case PROCESSING_INSTRUCTION:
-            handler.processingInstruction(*event.first, *event.second);
+            handler.processingInstruction(*strings.first, *strings.second);
             break;
         case START_PREFIX_MAPPING:
-            handler.startPrefixMapping(*event.first, *event.second);
+            handler.startPrefixMapping(*strings.first, *strings.second);
             break;
         case END_PREFIX_MAPPING:
-            handler.endPrefixMapping(*event.first);
+            handler.endPrefixMapping(*strings.first);
             break;
         case SKIPPED_ENTITY:
-            handler.skippedEntity(*event.first);
+            handler.skippedEntity(*strings.first);
             break;
         }
     }
 }
 
-inline const XML::Attributes& EventStore::filled(const XML::AttributesImpl& prepared, Attributes attributes)
+template <EventStore::Attributes ATTRIBUTES>
+inline const XML::Attributes& EventStore::attributesOf(const Event& event, Position& position)
 {
-    if (attributes == PREPARED)
-        return prepared;
-    _reused.clear();
-    const int count = prepared.getLength();
-    for (int i = 0; i < count; ++i)
+    if constexpr (ATTRIBUTES == PREPARED)
     {
-        if (attributes == REFERENCES)
-        {
-            _reused.addReferences(prepared.getURI(i), prepared.getLocalName(i), prepared.getQName(i),
-                                  prepared.getType(i), prepared.getValue(i));
-        }
-        else
-        {
-            _reused.addAttribute(prepared.getURI(i), prepared.getLocalName(i), prepared.getQName(i),
-                                 prepared.getType(i), prepared.getValue(i));
-        }
+        return event.attributeCount > 0 ? *position.prepared++ : _none;
     }
-    return _reused;
+    else
+    {
+        _reused.clear();
+        for (unsigned int i = 0; i < event.attributeCount; ++i)
+        {
+            const Attribute& attribute = *position.attribute++;
+            const Strings& name = *attribute.name;
+            if constexpr (ATTRIBUTES == REFERENCES)
+                _reused.addReferences(*name.first, *name.second, *name.third, *attribute.type, *attribute.value);
+            else
+                _reused.addAttribute(*name.first, *name.second, *name.third, *attribute.type, *attribute.value);
+        }
+        return _reused;
+    }
 }
 
 void EventStore::startDocument()
@@ -77,15 +92,18 @@ void EventStore::startElement(const XML::XMLString& uri, const XML::XMLString& l
                               const XML::Attributes& attributes)
 {
     add(START_ELEMENT, uri, localName, qname);
-    if (attributes.getLength() == 0)
+    const int count = attributes.getLength();
+    if (count == 0)
         return;
-    XML::AttributesImpl& kept = _attributes.emplace_back();
-    for (int i = 0; i < attributes.getLength(); ++i)
+    _events.back().attributeCount = static_cast<unsigned int>(count);
+    XML::AttributesImpl& prepared = _prepared.emplace_back();
+    for (int i = 0; i < count; ++i)
     {
-        kept.addReferences(keep(attributes.getURI(i)), keep(attributes.getLocalName(i)), keep(attributes.getQName(i)),
-                           keep(attributes.getType(i)), keep(attributes.getValue(i)));
+        const Strings* const name = keep(attributes.getURI(i), attributes.getLocalName(i), attributes.getQName(i));
+        _attributes.push_back({name, keep(attributes.getType(i)), keep(attributes.getValue(i))});
+        prepared.addReferences(*name->first, *name->second, *name->third, *_attributes.back().type,
+                               *_attributes.back().value);
     }
-    _events.back().attributes = &kept;
 }
 
 void EventStore::endElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname)
@@ -125,12 +143,23 @@ void EventStore::skippedEntity(const XML::XMLString& name)
 
 void EventStore::add(Kind kind, const std::string& first, const std::string& second, const std::string& third)
 {
-    _events.push_back({kind, &keep(first), &keep(second), &keep(third), &_attributes.front()});
+    _events.push_back({kind, 0, keep(first, second, third)});
 }
 
-const std::string& EventStore::keep(const std::string& text)
+const EventStore::Strings* EventStore::keep(const std::string& first, const std::string& second,
+                                            const std::string& third)
 {
-    return *_strings.insert(text).first;
+    return &*_strings.insert({keep(first), keep(second), keep(third)}).first;
+}
+
+const std::string* EventStore::keep(const std::string& text)
+{
+    const auto known = _textsByValue.find(text);
+    if (known != _textsByValue.end())
+        return known->second;
+    const std::string& kept = _texts.emplace_back(text);
+    _textsByValue.emplace(kept, &kept);
+    return &kept;
 }
 
 } // namespace Vesk::Benchmarks

@@ -6,8 +6,11 @@
 #include "Vesk/XML/ContentHandler.h"
 #include <cstddef>
 #include <deque>
+#include <set>
 #include <string>
-#include <unordered_set>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
 #include <vector>
 
 namespace Vesk::Benchmarks
@@ -15,8 +18,9 @@ namespace Vesk::Benchmarks
 
 /// The events of a document, decoded once and kept in memory, to be replayed through the handler interface.
 ///
-/// To record, set the store as the content handler of a reader. Equal strings are kept once, as a reader's tables keep
-/// them.
+/// To record, set the store as the content handler of a reader. Equal strings and names are kept once, as a reader's
+/// tables keep them, and all is laid out in the order of its first use, so that replaying costs next to nothing but the
+/// calls.
 class EventStore final : public XML::ContentHandler
 {
 public:
@@ -50,7 +54,7 @@ public:
     void skippedEntity(const XML::XMLString& name) override;
 
 private:
-    enum Kind
+    enum Kind : unsigned int
     {
         START_DOCUMENT,
         END_DOCUMENT,
@@ -63,24 +67,59 @@ private:
         SKIPPED_ENTITY
     };
 
-    // The strings are those of the call, in its order.
-    struct Event
+    // The strings of a call, in its order: of an element its three names, of other events one or two strings.
+    struct Strings
     {
-        Kind kind;
         const std::string* first;
         const std::string* second;
         const std::string* third;
-        const XML::AttributesImpl* attributes;
+
+        bool operator<(const Strings& other) const
+        {
+            return std::tie(first, second, third) < std::tie(other.first, other.second, other.third);
+        }
     };
 
+    struct Event
+    {
+        Kind kind;
+        unsigned int attributeCount;
+        const Strings* strings;
+    };
+
+    struct Attribute
+    {
+        const Strings* name;
+        const std::string* type;
+        const std::string* value;
+    };
+
+    // How far a replay has come with the attributes.
+    struct Position
+    {
+        std::deque<XML::AttributesImpl>::const_iterator prepared;
+        const Attribute* attribute;
+    };
+
+    template <Attributes ATTRIBUTES>
+    void replay(XML::ContentHandler& handler);
+    template <Attributes ATTRIBUTES>
+    const XML::Attributes& attributesOf(const Event& event, Position& position);
+
     void add(Kind kind, const std::string& first = {}, const std::string& second = {}, const std::string& third = {});
-    const std::string& keep(const std::string& text);
-    const XML::Attributes& filled(const XML::AttributesImpl& prepared, Attributes attributes);
+    const Strings* keep(const std::string& first, const std::string& second, const std::string& third);
+    const std::string* keep(const std::string& text);
 
     std::vector<Event> _events;
-    std::unordered_set<std::string> _strings;       // its elements stay where they are
-    std::deque<XML::AttributesImpl> _attributes{1}; // the first is empty and serves all elements without attributes
+    std::vector<Attribute> _attributes; // of all elements, one after another
+    // One set for each element that has attributes, in their order.
+    std::deque<XML::AttributesImpl> _prepared;
+    const XML::AttributesImpl _none;
     XML::AttributesImpl _reused;
+
+    std::deque<std::string> _texts; // stay where they are; so do the elements of the set
+    std::unordered_map<std::string_view, const std::string*> _textsByValue;
+    std::set<Strings> _strings;
 };
 
 } // namespace Vesk::Benchmarks

@@ -14,17 +14,20 @@ namespace Vesk::Benchmarks
 namespace
 {
 
+constexpr int WARM_UPS = 3;
+
 #ifdef VESK_HAS_CALLGRIND
 bool isRunningUnderValgrind()
 {
     return RUNNING_ON_VALGRIND != 0;
 }
-void zeroCounts()
+void startCounting()
 {
-    CALLGRIND_ZERO_STATS;
+    CALLGRIND_START_INSTRUMENTATION;
 }
-void dumpCounts()
+void stopCounting()
 {
+    CALLGRIND_STOP_INSTRUMENTATION;
     CALLGRIND_DUMP_STATS;
 }
 #else
@@ -32,10 +35,10 @@ bool isRunningUnderValgrind()
 {
     return false;
 }
-void zeroCounts()
+void startCounting()
 {
 }
-void dumpCounts()
+void stopCounting()
 {
 }
 #endif
@@ -60,10 +63,13 @@ std::vector<double> InstructionCounter::measure(const Tasks& tasks)
 // Callgrind numbers its dumps and closes each with a line "totals:".
 double InstructionCounter::countOf(const std::function<void()>& task)
 {
-    task(); // what happens on the first run only, such as the binding of symbols, does not count
-    zeroCounts();
+    // What happens on the first runs only, such as the binding of symbols, does not count. The allocator takes a few
+    // runs to sort what the row before has left in it.
+    for (int run = 0; run < WARM_UPS; ++run)
+        task();
+    startCounting();
     task();
-    dumpCounts();
+    stopCounting();
 
     const std::string path = _outFile + "." + std::to_string(++_dumps);
     std::ifstream dump(path);

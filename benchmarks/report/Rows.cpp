@@ -44,6 +44,11 @@ Row reader(const std::string& name, Tables tables, Input input, Lifetime lifetim
             with(makeFastInfosetParser, tables, input, lifetime)};
 }
 
+Row limitReader(const std::string& name, int maxIndexedLength)
+{
+    return {Row::READER, name, EXPAT, with(makeLimitReader, maxIndexedLength)};
+}
+
 } // namespace
 
 const std::vector<Row>& rows()
@@ -63,12 +68,18 @@ const std::vector<Row>& rows()
         reader("FastInfosetParser, hash, fresh parser", HASH, Input::MEMORY, Lifetime::FRESH),
         reader(FIS_STREAM, VECTOR, Input::STREAM, Lifetime::REUSED),
         reader("FastInfosetParser, vector, stream, fresh parser", VECTOR, Input::STREAM, Lifetime::FRESH),
+        limitReader("FastInfosetParser, vector, limit 0", 0),
+        limitReader("FastInfosetParser, vector, limit 64", 64),
+        limitReader("FastInfosetParser, vector, no limit", NO_LIMIT),
         {Row::FLOOR, FLOOR, EXPAT, with(makeFloor, EventStore::REFERENCES)},
         {Row::FLOOR, "floor: replay, attributes copied", EXPAT, with(makeFloor, EventStore::COPIES)},
         {Row::TEXT_WRITER, LIBXML_WRITER, EXPAT, with(makeLibXMLWriter)},
         {Row::TEXT_WRITER, ESCAPER, EXPAT, with(makeEscaper)},
         {Row::WRITER, WRITER_MAP, EXPAT, with(makeFastInfosetWriter, MAP)},
         {Row::WRITER, WRITER_HASH, EXPAT, with(makeFastInfosetWriter, HASH)},
+        {Row::WRITER, "FastInfosetWriter, map, file", EXPAT, with(makeFastInfosetFileWriter, TemporaryFile::OBEYED)},
+        {Row::WRITER, "FastInfosetWriter, map, file that ignores flushes", EXPAT,
+         with(makeFastInfosetFileWriter, TemporaryFile::IGNORED)},
         {Row::CONVERTER, TO_FIS, EXPAT_FRESH, with(makeToFISConverter)},
         {Row::CONVERTER, TO_XML, EXPAT_FRESH, with(makeToXMLConverter)},
     };

@@ -2,7 +2,6 @@
 #include "Sizes.h"
 #include "Vesk/Exception.h"
 #include "Workload.h"
-#include <limits>
 #include <string>
 #include <zlib.h>
 #include <zstd.h>
@@ -13,7 +12,7 @@ namespace Vesk::Benchmarks
 namespace
 {
 
-constexpr int INDEXING_LIMITS[] = {0, DEFAULT_INDEXED_LENGTH, 64, std::numeric_limits<int>::max()};
+constexpr int INDEXING_LIMITS[] = {0, DEFAULT_INDEXED_LENGTH, 64, NO_LIMIT};
 
 constexpr int GZIP_LEVEL = 6;
 constexpr int ZSTD_LEVEL = 3;

@@ -7,6 +7,7 @@
 #include "ExpatTally.h"
 #include <cstddef>
 #include <deque>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,7 @@ std::string convertedToFIS(const std::string& xml, int maxIndexedLength);
 
 /// The limit that the writer uses if nobody sets another.
 constexpr int DEFAULT_INDEXED_LENGTH = 16;
+constexpr int NO_LIMIT = std::numeric_limits<int>::max();
 
 } // namespace Vesk::Benchmarks
 

@@ -27,8 +27,8 @@ struct Options
     std::string outputFolder;
     std::string filter;
     std::string callgrindFile;
-    int repeats = 15;
-    double sampleMilliseconds = 10;
+    int repeats = 41;
+    double sampleMilliseconds = 2;
 };
 
 std::unique_ptr<Meter> meterOf(const Options& options)
