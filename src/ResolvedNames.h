@@ -4,6 +4,7 @@
 
 #include "Vesk/FastInfoset/ResolvedQualName.h"
 #include "Vesk/FastInfoset/VerbTable.h"
+#include <cstddef>
 #include <string>
 
 namespace Vesk::FastInfoset
@@ -33,7 +34,7 @@ public:
     void begin(const Vocabulary<QualifiedNameEntry>& table, const DocumentVocabulary& vocabulary);
 
     /// The name with that index. Throws what the tables throw if the index, or one that its entry holds, is beyond
-    /// their end.
+    /// their end, and FISException if the qualified names of the document are out of proportion to their number.
     const ResolvedName& name(unsigned int index);
 
 private:
@@ -42,6 +43,7 @@ private:
     const Vocabulary<QualifiedNameEntry>* _table = nullptr;
     const DocumentVocabulary* _vocabulary = nullptr;
     VerbTable<ResolvedName> _names;
+    std::size_t _qualifiedOctets = 0; // of all qualified names of the document
 };
 
 inline const ResolvedName& ResolvedNames::name(unsigned int index)

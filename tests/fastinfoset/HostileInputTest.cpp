@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "EventLog.h"
+#include "ExceptionMatcher.h"
 #include "SampleDocuments.h"
+#include "Vesk/FastInfoset/FISException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/FastInfosetWriter.h"
 #include "Vesk/URIStreamOpener.h"
@@ -202,6 +204,30 @@ TEST(HostileInputTest, ExternalVocabularyCutOffAnywhere)
         }
     }
     URIStreamOpener::defaultOpener().unregisterStreamFactory("mem");
+}
+
+TEST(HostileInputTest, LongPrefixOfManyNamesTakesNoMemoryOutOfProportion)
+{
+    // Each further name costs a few octets, but its qualified name would repeat the prefix.
+    const std::string prefix(50000, 'p');
+    const auto document = [&prefix](int nameCount)
+    {
+        std::ostringstream out;
+        FastInfosetWriter writer(out, false, DocumentVocabulary::VOC_MAP);
+        writer.startDocument();
+        for (int i = 0; i < nameCount; ++i)
+            writer.startElement("urn:x", "n" + std::to_string(i), prefix + ":n" + std::to_string(i));
+        for (int i = 0; i < nameCount; ++i)
+            writer.endElement("", "", "");
+        writer.endDocument();
+        return out.str();
+    };
+    const std::string few = document(20);
+    FastInfosetParser parser;
+    EXPECT_NO_THROW(parser.parseMemoryNP(few.data(), few.size()));
+    const std::string many = document(1000);
+    EXPECT_VESK_THROW(parser.parseMemoryNP(many.data(), many.size()), FISException, "Qualified names too long");
+    EXPECT_NO_THROW(parser.parseMemoryNP(few.data(), few.size()));
 }
 
 TEST(HostileInputTest, RandomOctetsBehindAHeader)
