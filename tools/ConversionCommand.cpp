@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "ConversionCommand.h"
+#include "CommandOptions.h"
 #include "FailureText.h"
 #include "FileError.h"
 #include "InputFile.h"
 #include "OutputFile.h"
-#include <CLI/CLI.hpp>
+#include <exception>
 
 namespace Vesk::Tool
 {
 
-ConversionCommand::ConversionCommand(CLI::App& tool, const std::string& name, const std::string& description)
-    : Command(tool, name, description)
+void ConversionCommand::declareOptions(CommandOptions& options)
 {
-    options().add_option("IN", _input, "the file to read; - is standard input")->capture_default_str();
-    options().add_option("-o,--output", _output, "the file to write; - is standard output")->capture_default_str();
+    options.addArgument("IN", _input, "the file to read; - is standard input");
+    options.addOption("-o,--output", _output, "the file to write; - is standard output");
 }
 
 ExitStatus ConversionCommand::run()

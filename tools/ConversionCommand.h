@@ -14,8 +14,7 @@ namespace Vesk::Tool
 class ConversionCommand : public Command
 {
 public:
-    ConversionCommand(CLI::App& tool, const std::string& name, const std::string& description);
-
+    void declareOptions(CommandOptions& options) override;
     ExitStatus run() override;
 
 protected:

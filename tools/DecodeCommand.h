@@ -11,7 +11,8 @@ namespace Vesk::Tool
 class DecodeCommand : public ConversionCommand
 {
 public:
-    explicit DecodeCommand(CLI::App& tool);
+    const char* name() const override { return "decode"; }
+    const char* description() const override { return "Convert Fast Infoset to XML text"; }
 
 protected:
     void convert(std::istream& input, std::ostream& output) override;

@@ -14,11 +14,6 @@ constexpr int KEEP_WHITE_SPACE = 0;
 
 } // namespace
 
-EncodeCommand::EncodeCommand(CLI::App& tool)
-    : ConversionCommand(tool, "encode", "Convert XML text to Fast Infoset")
-{
-}
-
 void EncodeCommand::convert(std::istream& input, std::ostream& output)
 {
     FastInfoset::Converter::convertToFIS(input, output, MAX_INDEXED_OCTETS, KEEP_WHITE_SPACE);

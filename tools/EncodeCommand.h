@@ -11,7 +11,8 @@ namespace Vesk::Tool
 class EncodeCommand : public ConversionCommand
 {
 public:
-    explicit EncodeCommand(CLI::App& tool);
+    const char* name() const override { return "encode"; }
+    const char* description() const override { return "Convert XML text to Fast Infoset"; }
 
 protected:
     void convert(std::istream& input, std::ostream& output) override;

@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "CommandLine.h"
 #include "DecodeCommand.h"
 #include "EncodeCommand.h"
-#include "FileError.h"
-#include <CLI/CLI.hpp>
-#include <cerrno>
+#include "ExitStatus.h"
 #include <csignal>
-#include <cstdlib>
+#include <exception>
 #include <iostream>
-#include <memory>
-#include <vector>
+#include <string>
 
 using namespace Vesk::Tool;
 
 namespace
 {
-
-const char FOOTER[] = "Exit status: 0 success, 1 malformed input or any other failure, 2 wrong usage.";
 
 int report(ExitStatus status, std::string text)
 {
@@ -29,50 +25,6 @@ int report(ExitStatus status, std::string text)
     return static_cast<int>(status);
 }
 
-int reportUsage(const std::string& mistake)
-{
-    return report(ExitStatus::USAGE, mistake + " (see veskfi --help)");
-}
-
-// What CLI11 throws to end the parsing: a request for help or the version, or a mistake.
-int endParsing(const CLI::App& tool, const CLI::ParseError& end)
-{
-    if (end.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success))
-        return reportUsage(end.what());
-    tool.exit(end);
-    std::cout.flush();
-    if (!std::cout)
-        throw FileError("standard output", errno);
-    return static_cast<int>(ExitStatus::SUCCESS);
-}
-
-int run(int argc, char* argv[])
-{
-    CLI::App tool("Converts XML documents between text and Fast Infoset (ITU-T X.891).", "veskfi");
-    tool.set_version_flag("--version", "veskfi " VESKFI_VERSION, "Print the version and exit");
-    tool.require_subcommand(0, 1); // none is reported below, so that a wrong name is reported as such before
-    tool.footer(FOOTER);
-
-    std::vector<std::unique_ptr<Command>> commands;
-    commands.push_back(std::make_unique<EncodeCommand>(tool));
-    commands.push_back(std::make_unique<DecodeCommand>(tool));
-
-    try
-    {
-        tool.parse(argc, argv);
-    }
-    catch (const CLI::ParseError& end)
-    {
-        return endParsing(tool, end);
-    }
-    for (const std::unique_ptr<Command>& command : commands)
-    {
-        if (command->isChosen())
-            return static_cast<int>(command->run());
-    }
-    return reportUsage("no command");
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -82,10 +34,17 @@ int main(int argc, char* argv[])
     std::signal(SIGXFSZ, SIG_IGN);
     try
     {
-        return run(argc, argv);
+        EncodeCommand encode;
+        DecodeCommand decode;
+        Command* const command = readCommandLine({&encode, &decode}, argc, argv);
+        return static_cast<int>(command ? command->run() : ExitStatus::SUCCESS);
     }
-    catch (const std::exception& exception)
+    catch (const UsageError& mistake)
     {
-        return report(ExitStatus::FAILURE, exception.what());
+        return report(ExitStatus::USAGE, std::string(mistake.what()) + " (see veskfi --help)");
+    }
+    catch (const std::exception& failure)
+    {
+        return report(ExitStatus::FAILURE, failure.what());
     }
 }
