@@ -258,7 +258,7 @@ TEST(BitStreamReaderTest, OctetStringsReachAcrossRefills)
     const std::string octets = randomOctets(5000);
     for (const std::size_t blockSize : BLOCK_SIZES)
     {
-        for (const std::size_t count : {0, 1, 3, 1023, 1024, 1025, 3000, 4999})
+        for (const std::size_t count : {0u, 1u, 3u, 1023u, 1024u, 1025u, 3000u, 4999u})
         {
             for (std::size_t offset = 0; offset < 8; ++offset)
             {

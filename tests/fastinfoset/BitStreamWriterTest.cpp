@@ -141,7 +141,7 @@ TEST(BitStreamWriterTest, WritesEveryWidthAtEveryOffset)
 
 TEST(BitStreamWriterTest, WritesOctetsAtEveryOffset)
 {
-    for (const std::size_t size : {1, 7, 4095, 4096, 10000})
+    for (const std::size_t size : {1u, 7u, 4095u, 4096u, 10000u})
     {
         const std::string text(size, '\xA5');
         for (int offset = 0; offset < 8; ++offset)

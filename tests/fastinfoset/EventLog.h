@@ -214,7 +214,7 @@ std::string eventsEverywhere(const std::string& octets)
     const std::string events = eventsOf<Log>(octets);
     for (const DocumentVocabulary::VocabularyImpl impl : ALL_TABLES)
     {
-        for (const std::size_t blockSize : {0, 1, 2, 3, 5})
+        for (const std::size_t blockSize : {0u, 1u, 2u, 3u, 5u})
         {
             EXPECT_EQ(eventsOf<Log>(octets, impl, blockSize), events)
                 << "tables " << impl << ", blocks of " << blockSize << ": " << hexOf(octets);

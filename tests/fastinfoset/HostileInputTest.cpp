@@ -121,7 +121,7 @@ TEST(HostileInputTest, LengthsFarBeyondTheInput)
     {
         for (const DocumentVocabulary::VocabularyImpl impl : ALL_TABLES)
         {
-            for (const std::size_t blockSize : {0, 1})
+            for (const std::size_t blockSize : {0u, 1u})
             {
                 FastInfosetParser parser(impl);
                 EventLog log;

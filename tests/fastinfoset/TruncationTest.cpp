@@ -20,7 +20,7 @@ public:
     std::string events(const std::string& octets, DocumentVocabulary::VocabularyImpl impl)
     {
         const std::string fromMemory = eventsOf<Log>(_parsers[impl], octets);
-        for (const std::size_t blockSize : {1, 1024})
+        for (const std::size_t blockSize : {1u, 1024u})
         {
             std::string fromStream = eventsOf<Log>(_parsers[impl], octets, blockSize);
             const std::string ending = "stream while parsing octet string)";
