@@ -41,16 +41,29 @@ function(vesk_configure_target target)
   endif()
 endfunction()
 
-# vesk_add_library(Foundation SOURCES ...): the library libVeskFoundation, known to others as Vesk::Foundation.
+# vesk_add_library(Foundation HEADERS folder SOURCES ...): the library libVeskFoundation, known to others as
+# Vesk::Foundation. All headers in the folder are public.
 function(vesk_add_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC_LINK;PRIVATE_LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "HEADERS" "SOURCES;PUBLIC_LINK;PRIVATE_LINK" ${ARGN})
   set(target Vesk${name})
   add_library(${target} ${ARG_SOURCES})
   add_library(Vesk::${name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${name}
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+    SOVERSION ${PROJECT_VERSION_MAJOR}
+    INSTALL_RPATH "$ORIGIN")
   vesk_configure_target(${target})
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${ARG_HEADERS}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC_LINK} PRIVATE ${ARG_PRIVATE_LINK})
+  if(VESK_INSTALL)
+    install(TARGETS ${target} EXPORT VeskFastInfosetTargets
+      RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+      ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+    install(DIRECTORY ${ARG_HEADERS}/Vesk DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development
+      FILES_MATCHING PATTERN "*.h")
+  endif()
 endfunction()

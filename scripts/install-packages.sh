@@ -6,19 +6,24 @@
 #   scripts/install-packages.sh build          what it takes to build the libraries, the tool and the examples
 #   scripts/install-packages.sh build test     the same and what the tests need
 #   scripts/install-packages.sh build bench    what the benchmarks need; with "instructions" also what counts them
+#   scripts/install-packages.sh build package  what it takes to make Debian packages
+#   scripts/install-packages.sh build docs     what it takes to make the reference of the API
 #
 # Does nothing, and says so, when everything is there. Uses sudo unless run by root.
 set -euo pipefail
 
 # The compiler and its runtime come with g++; the sanitizers' runtimes, too.
 build_packages=(cmake g++ ninja-build libexpat1-dev libcli11-dev)
-test_packages=(libgtest-dev)
+# clang, too, has to take the public headers; the tests make Debian packages.
+package_packages=(dpkg-dev file)
+test_packages=(libgtest-dev clang pkg-config "${package_packages[@]}")
+docs_packages=(doxygen)
 bench_packages=(libbenchmark-dev libxml2-dev libpugixml-dev libzstd-dev zlib1g-dev)
 instructions_packages=(valgrind)
 
 usage()
 {
-    sed -n '3,9s/^# \{0,1\}//p' "$0" >&2
+    sed -n '3,11s/^# \{0,1\}//p' "$0" >&2
     exit 2
 }
 
@@ -28,6 +33,8 @@ for group in "$@"; do
     case $group in
     build) wanted+=("${build_packages[@]}") ;;
     test) wanted+=("${test_packages[@]}") ;;
+    package) wanted+=("${package_packages[@]}") ;;
+    docs) wanted+=("${docs_packages[@]}") ;;
     bench) wanted+=("${bench_packages[@]}") ;;
     instructions) wanted+=("${instructions_packages[@]}") ;;
     *) usage ;;
