@@ -17,22 +17,20 @@ constexpr unsigned long RESERVE_LIMIT = 64 * 1024;
 } // namespace
 
 BitStreamReader::BitStreamReader(std::istream& stream)
-    : _stream(&stream),
-      _size(0),
-      _position(0),
+    : _next(nullptr),
+      _end(nullptr),
       _buffer(nullptr),
-      _streamBuffer(new char[BUFFER_OCTETS]),
-      _octetsBeforeBuffer(0)
+      _stream(&stream),
+      _streamBuffer(new char[BUFFER_OCTETS])
 {
-    _buffer = reinterpret_cast<const unsigned char*>(_streamBuffer.get());
+    _buffer = _next = _end = reinterpret_cast<const unsigned char*>(_streamBuffer.get());
 }
 
 BitStreamReader::BitStreamReader(const char* data, std::size_t octetCount)
-    : _stream(nullptr),
-      _size(octetCount * 8),
-      _position(0),
-      _buffer(reinterpret_cast<const unsigned char*>(data)),
-      _octetsBeforeBuffer(0)
+    : _next(reinterpret_cast<const unsigned char*>(data)),
+      _end(_next + octetCount),
+      _buffer(_next),
+      _stream(nullptr)
 {
 }
 
@@ -75,33 +73,33 @@ bool BitStreamReader::readBits(T& value, int numOfBits)
 unsigned long BitStreamReader::takeBits(int numOfBits)
 {
     // At most 7 bits before the wanted ones and 32 wanted ones: five octets, which a long holds.
-    const unsigned char* octet = _buffer + (_position >> 3);
-    unsigned long bits = *octet & (0xFFu >> (_position & 7));
+    const unsigned char* octet = _next;
+    unsigned long bits = *octet & (0xFFu >> _bitOffset);
     int count = 8 - bitOffset();
     for (; count < numOfBits; count += 8)
         bits = (bits << 8) | *++octet;
-    _position += static_cast<unsigned long>(numOfBits);
+    advance(static_cast<unsigned long>(numOfBits));
     return bits >> (count - numOfBits);
 }
 
 bool BitStreamReader::read(std::string& octets, unsigned long octetCount)
 {
-    if (bitOffset() == 0 && octetCount <= unreadBits() / 8)
+    if (_bitOffset == 0 && octetCount <= unreadOctets())
     {
-        octets.assign(reinterpret_cast<const char*>(_buffer + (_position >> 3)), octetCount);
-        _position += octetCount * 8;
+        octets.assign(reinterpret_cast<const char*>(_next), octetCount);
+        _next += octetCount;
         return true;
     }
 
     octets.clear();
     if (!_stream && octetCount > unreadBits() / 8)
         return false;
-    if (bitOffset() != 0)
+    if (_bitOffset != 0)
     {
         unsigned char octet = 0;
         for (; octetCount > 0 && peek(octet, 8); --octetCount)
         {
-            _position += 8;
+            ++_next;
             octets += static_cast<char>(octet);
         }
         return octetCount == 0;
@@ -123,12 +121,12 @@ bool BitStreamReader::read(std::string& octets, unsigned long octetCount)
 unsigned long BitStreamReader::readOctets(char* target, unsigned long octetCount)
 {
     unsigned long copied = 0;
-    if (bitOffset() != 0)
+    if (_bitOffset != 0)
     {
         unsigned char octet = 0;
         for (; copied < octetCount && peek(octet, 8); ++copied)
         {
-            _position += 8;
+            ++_next;
             target[copied] = static_cast<char>(octet);
         }
         return copied;
@@ -149,11 +147,11 @@ unsigned long BitStreamReader::readOctets(char* target, unsigned long octetCount
 // they are. Returns 0 at the end of input. Requires: an octet boundary.
 unsigned long BitStreamReader::nextBlock(const char*& block, unsigned long octetCount)
 {
-    if (unreadBits() == 0 && !refill(8))
+    if (_next == _end && !refill(8))
         return 0;
-    const unsigned long blockOctets = std::min(octetCount, unreadBits() / 8);
-    block = reinterpret_cast<const char*>(_buffer + (_position >> 3));
-    _position += blockOctets * 8;
+    const unsigned long blockOctets = std::min(octetCount, unreadOctets());
+    block = reinterpret_cast<const char*>(_next);
+    _next += blockOctets;
     return blockOctets;
 }
 
@@ -173,7 +171,8 @@ void BitStreamReader::refillBuffer()
 {
     if (!_stream)
         return;
-    _position = _size;
+    _next = _end;
+    _bitOffset = 0;
     refillBufferIfLessThanImpl(0);
 }
 
@@ -181,17 +180,19 @@ int BitStreamReader::refillBufferIfLessThanImpl(int remainingBits)
 {
     if (!_stream)
         return 0;
+    const unsigned long size = static_cast<unsigned long>(_end - _buffer);
     const unsigned long remaining = remainingBits > 0 ? static_cast<unsigned long>(remainingBits) : 0;
-    const unsigned long keep = (std::min(remaining, _size) + 7) / 8;
-    const unsigned long leaving = _size / 8 - keep;
+    const unsigned long keep = std::min((remaining + 7) / 8, size);
+    const unsigned long leaving = size - keep;
     std::memmove(_streamBuffer.get(), _streamBuffer.get() + leaving, keep);
     _octetsBeforeBuffer += leaving;
-    _position &= 7;
-    _size = keep * 8;
+    _next = _buffer;
+    _end = _buffer + keep;
 
     const long octetsRead = readFromStream(_streamBuffer.get() + keep, BUFFER_OCTETS - static_cast<long>(keep));
-    _size += static_cast<unsigned long>(octetsRead) * 8;
-    _position = std::min(_position, _size); // when nothing was kept and nothing came
+    _end += octetsRead;
+    if (_next == _end) // when nothing was kept and nothing came
+        _bitOffset = 0;
     return static_cast<int>(octetsRead);
 }
 

@@ -101,58 +101,72 @@ public:
 private:
     static constexpr long BUFFER_OCTETS = 1024;
 
-    unsigned long unreadBits() const { return _size - _position; }
+    unsigned long unreadOctets() const { return static_cast<unsigned long>(_end - _next); }
+    unsigned long unreadBits() const { return unreadOctets() * 8 - _bitOffset; }
     bool require(int numOfBits) { return unreadBits() >= static_cast<unsigned long>(numOfBits) || refill(numOfBits); }
     bool refill(int numOfBits);
+    void advance(unsigned long numOfBits);
     unsigned long takeBits(int numOfBits);
     unsigned long nextBlock(const char*& block, unsigned long octetCount);
 
     template <typename T>
     bool readBits(T& value, int numOfBits);
 
+    // The position: an octet, and how many of its bits have been consumed. At the end it is a whole octet's boundary.
+    const unsigned char* _next;
+    const unsigned char* _end; // of the buffer
+    unsigned int _bitOffset = 0;
+
+    const unsigned char* _buffer; // the caller's block, or _streamBuffer
     std::istream* _stream;
-    unsigned long _size;                   // valid bits in the buffer, a multiple of 8
-    unsigned long _position;               // the next bit to deliver, from the start of the buffer
-    const unsigned char* _buffer;          // the caller's block, or _streamBuffer
     std::unique_ptr<char[]> _streamBuffer; // empty in the memory form
-    unsigned long _octetsBeforeBuffer;     // octets of the document that have left the buffer
+    unsigned long _octetsBeforeBuffer = 0; // octets of the document that have left the buffer
 };
 
 inline int BitStreamReader::bitOffset() const
 {
-    return static_cast<int>(_position & 7);
+    return static_cast<int>(_bitOffset);
 }
 
 inline unsigned long BitStreamReader::octetPosition() const
 {
-    return _octetsBeforeBuffer + (_position >> 3);
+    return _octetsBeforeBuffer + static_cast<unsigned long>(_next - _buffer);
 }
 
 inline bool BitStreamReader::readOctet(unsigned int& octet)
 {
-    if (!require(8))
+    if (_next == _end && !refill(8))
         return false;
-    octet = _buffer[_position >> 3];
-    _position += 8;
+    octet = *_next++;
     return true;
 }
 
 inline unsigned int BitStreamReader::readRestOfOctet()
 {
-    const unsigned int rest = _buffer[_position >> 3] & (0xFFu >> (_position & 7));
+    const unsigned int rest = *_next & (0xFFu >> _bitOffset);
     align();
     return rest;
 }
 
-inline void BitStreamReader::unread(unsigned int numOfBits)
-{
-    _position -= numOfBits;
-}
-
 inline void BitStreamReader::align()
 {
-    // The size is a multiple of 8, so the next boundary is never beyond the end.
-    _position = (_position + 7) & ~7ul;
+    if (_bitOffset != 0)
+        ++_next;
+    _bitOffset = 0;
+}
+
+// Requires: that many unread bits.
+inline void BitStreamReader::advance(unsigned long numOfBits)
+{
+    const unsigned long bits = _bitOffset + numOfBits;
+    _next += bits / 8;
+    _bitOffset = bits % 8;
+}
+
+inline void BitStreamReader::unread(unsigned int numOfBits)
+{
+    --_next;
+    advance(8 - numOfBits);
 }
 
 inline void BitStreamReader::skip(unsigned long numOfBits)
@@ -160,11 +174,11 @@ inline void BitStreamReader::skip(unsigned long numOfBits)
     while (numOfBits > unreadBits())
     {
         numOfBits -= unreadBits();
-        _position = _size;
+        advance(unreadBits());
         if (!refill(1))
             return;
     }
-    _position += numOfBits;
+    advance(numOfBits);
 }
 
 inline bool BitStreamReader::read(bool& bit)
@@ -174,8 +188,8 @@ inline bool BitStreamReader::read(bool& bit)
         bit = false;
         return false;
     }
-    bit = (_buffer[_position >> 3] & (0x80u >> (_position & 7))) != 0;
-    ++_position;
+    bit = (*_next & (0x80u >> _bitOffset)) != 0;
+    advance(1);
     return true;
 }
 
@@ -187,11 +201,10 @@ inline bool BitStreamReader::peek(unsigned char& value, int numOfBits)
         return false;
     }
     // The octet in which the bits start, and the next one where they reach into it.
-    const unsigned char* octet = _buffer + (_position >> 3);
     const int end = bitOffset() + numOfBits;
-    unsigned int bits = static_cast<unsigned int>(octet[0]) << 8;
+    unsigned int bits = static_cast<unsigned int>(_next[0]) << 8;
     if (end > 8)
-        bits |= octet[1];
+        bits |= _next[1];
     value = static_cast<unsigned char>((bits >> (16 - end)) & (0xFFu >> (8 - numOfBits)));
     return true;
 }
