@@ -16,13 +16,16 @@ public:
     virtual ~Command() = default;
 
     virtual const char* name() const = 0;
-    /// One line for the help.
+    /// One line for the list of commands.
     virtual const char* description() const = 0;
+    /// Lines for the end of the command's own help: one example each, with what it does.
+    virtual const char* examples() const = 0;
 
     /// Declares what stands behind the name on the command line.
     virtual void declareOptions(CommandOptions& options) = 0;
 
-    /// Does what the command line asks for. What goes wrong is thrown; its what() is the line for the user.
+    /// Does what the command line asks for. What ends it is thrown: a Failure, or anything else for a mistake in the
+    /// tool.
     virtual ExitStatus run() = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CommandLine.h"
 #include "CommandOptions.h"
-#include "FileError.h"
+#include "Failure.h"
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <iostream>
@@ -14,8 +14,11 @@ namespace Vesk::Tool
 namespace
 {
 
-const char DESCRIPTION[] = "Converts XML documents between text and Fast Infoset (ITU-T X.891).";
-const char FOOTER[] = "Exit status: 0 success, 1 malformed input or any other failure, 2 wrong usage.";
+const char DESCRIPTION[] = "Converts XML documents between text and Fast Infoset (ITU-T X.891), and looks inside.\n"
+                           "With a FILE and no command, converts it the other way.";
+const char EXIT_STATUS[] = "Exit status: 0 success, 1 malformed input, 2 wrong usage, 3 a file or stream failed,\n"
+                           "4 an external vocabulary or encoding algorithm is missing, 70 internal error.\n"
+                           "With several files it is the worst one.";
 
 class OptionsOfCommand final : public CommandOptions
 {
@@ -27,19 +30,47 @@ public:
 
     void addArgument(const std::string& name, std::string& value, const std::string& description) override
     {
-        add(name, value, description);
+        _command.add_option(name, value, description)->option_text(" ");
     }
 
-    void addOption(const std::string& names, std::string& value, const std::string& description) override
+    void addArguments(const std::string& name, std::vector<std::string>& values,
+                      const std::string& description) override
     {
-        add(names, value, description);
+        takeOneEach(*_command.add_option(name, values, description)).option_text("...");
+    }
+
+    void addFlag(const std::string& names, bool& value, const std::string& description) override
+    {
+        _command.add_flag(names, value, description);
+    }
+
+    void addOption(const std::string& names, const std::string& valueName, std::string& value,
+                   const std::string& description) override
+    {
+        _command.add_option(names, value, withDefault(description, value))->option_text(valueName);
+    }
+
+    void addOption(const std::string& names, const std::string& valueName, int& value,
+                   const std::string& description) override
+    {
+        _command.add_option(names, value, withDefault(description, value == 0 ? "" : std::to_string(value)))
+            ->check(CLI::NonNegativeNumber)
+            ->option_text(valueName);
+    }
+
+    void addOption(const std::string& names, const std::string& valueName, std::vector<std::string>& values,
+                   const std::string& description) override
+    {
+        takeOneEach(*_command.add_option(names, values, description)).option_text(valueName);
     }
 
 private:
-    // CLI11 tells them apart by their dashes.
-    void add(const std::string& name, std::string& value, const std::string& description)
+    // Otherwise an option would take the arguments behind its value, too, and "[a]" would be read as a list.
+    static CLI::Option& takeOneEach(CLI::Option& option) { return *option.allow_extra_args(false)->take_all(); }
+
+    static std::string withDefault(const std::string& description, const std::string& value)
     {
-        _command.add_option(name, value, description)->capture_default_str();
+        return value.empty() ? description : description + " (default " + value + ")";
     }
 
     CLI::App& _command;
@@ -56,19 +87,26 @@ void endParsing(const CLI::App& tool, const CLI::ParseError& end)
         throw FileError("standard output", errno);
 }
 
+void declare(Command& command, CLI::App& app)
+{
+    OptionsOfCommand options(app);
+    command.declareOptions(options);
+    app.footer(std::string(command.examples()) + "\n" + EXIT_STATUS);
+}
+
 } // namespace
 
-Command* readCommandLine(const std::vector<Command*>& commands, int argc, const char* const argv[])
+Command* readCommandLine(const std::vector<Command*>& commands, Command& plain, int argc, const char* const argv[])
 {
     CLI::App tool(DESCRIPTION, "veskfi");
+    tool.get_formatter()->column_width(34);
+    tool.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    tool.get_formatter()->label("Subcommands", "Commands");
     tool.set_version_flag("--version", "veskfi " VESKFI_VERSION, "Print the version and exit");
-    tool.require_subcommand(0, 1); // that there is none is found below, so that a wrong name is reported as such
-    tool.footer(FOOTER);
+    tool.require_subcommand(0, 1); // that there is none is found below
+    declare(plain, tool);
     for (Command* command : commands)
-    {
-        OptionsOfCommand options(*tool.add_subcommand(command->name(), command->description()));
-        command->declareOptions(options);
-    }
+        declare(*command, *tool.add_subcommand(command->name(), command->description())->group("Commands"));
 
     try
     {
@@ -84,7 +122,9 @@ Command* readCommandLine(const std::vector<Command*>& commands, int argc, const 
         if (tool.got_subcommand(command->name()))
             return command;
     }
-    throw UsageError("no command");
+    if (argc < 2)
+        throw UsageError("no command");
+    return &plain;
 }
 
 } // namespace Vesk::Tool

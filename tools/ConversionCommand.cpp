@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ConversionCommand.h"
 #include "CommandOptions.h"
-#include "FailureText.h"
-#include "FileError.h"
+#include "Failure.h"
 #include "InputFile.h"
 #include "OutputFile.h"
 #include <exception>
@@ -13,7 +12,13 @@ namespace Vesk::Tool
 void ConversionCommand::declareOptions(CommandOptions& options)
 {
     options.addArgument("IN", _input, "the file to read; - is standard input");
-    options.addOption("-o,--output", _output, "the file to write; - is standard output");
+    options.addOption("-o,--output", "FILE", _output, "the file to write; - is standard output");
+}
+
+ExitStatus ConversionCommand::run(const std::string& file)
+{
+    _input = file;
+    return run();
 }
 
 ExitStatus ConversionCommand::run()
@@ -24,13 +29,9 @@ ExitStatus ConversionCommand::run()
     {
         convert(input, output);
     }
-    catch (const FileError&)
-    {
-        throw;
-    }
     catch (const std::exception& exception)
     {
-        throw FileError(input.name(), failureText(exception));
+        throw Failure::of(input.name(), exception);
     }
     output.commit();
     return ExitStatus::SUCCESS;

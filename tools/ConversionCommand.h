@@ -17,6 +17,9 @@ public:
     void declareOptions(CommandOptions& options) override;
     ExitStatus run() override;
 
+    /// Converts this file with no other options.
+    ExitStatus run(const std::string& file);
+
 protected:
     virtual void convert(std::istream& input, std::ostream& output) = 0;
 

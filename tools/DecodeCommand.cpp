@@ -6,6 +6,11 @@
 namespace Vesk::Tool
 {
 
+const char* DecodeCommand::examples() const
+{
+    return "Example:\n  veskfi decode document.finf -o document.xml\n";
+}
+
 void DecodeCommand::convert(std::istream& input, std::ostream& output)
 {
     FastInfoset::Converter::convertToXML(input, output, XML::XMLWriter::WRITE_XML_DECLARATION);

@@ -13,6 +13,7 @@ class DecodeCommand : public ConversionCommand
 public:
     const char* name() const override { return "decode"; }
     const char* description() const override { return "Convert Fast Infoset to XML text"; }
+    const char* examples() const override;
 
 protected:
     void convert(std::istream& input, std::ostream& output) override;

@@ -14,6 +14,11 @@ constexpr int KEEP_WHITE_SPACE = 0;
 
 } // namespace
 
+const char* EncodeCommand::examples() const
+{
+    return "Example:\n  veskfi encode document.xml -o document.finf\n";
+}
+
 void EncodeCommand::convert(std::istream& input, std::ostream& output)
 {
     FastInfoset::Converter::convertToFIS(input, output, MAX_INDEXED_OCTETS, KEEP_WHITE_SPACE);

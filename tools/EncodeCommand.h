@@ -13,6 +13,7 @@ class EncodeCommand : public ConversionCommand
 public:
     const char* name() const override { return "encode"; }
     const char* description() const override { return "Convert XML text to Fast Infoset"; }
+    const char* examples() const override;
 
 protected:
     void convert(std::istream& input, std::ostream& output) override;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "InputFile.h"
-#include "FileError.h"
+#include "Failure.h"
 #include <cerrno>
 #include <cstddef>
 #include <fcntl.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "TemporaryFile.h"
-#include "FileError.h"
+#include "Failure.h"
 #include <atomic>
 #include <cerrno>
 #include <climits>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "CommandLine.h"
+#include "ConvertCommand.h"
 #include "DecodeCommand.h"
 #include "EncodeCommand.h"
-#include "ExitStatus.h"
+#include "Failure.h"
 #include <csignal>
 #include <exception>
 #include <iostream>
@@ -36,15 +37,20 @@ int main(int argc, char* argv[])
     {
         EncodeCommand encode;
         DecodeCommand decode;
-        Command* const command = readCommandLine({&encode, &decode}, argc, argv);
+        ConvertCommand convert(encode, decode);
+        Command* const command = readCommandLine({&encode, &decode}, convert, argc, argv);
         return static_cast<int>(command ? command->run() : ExitStatus::SUCCESS);
     }
     catch (const UsageError& mistake)
     {
-        return report(ExitStatus::USAGE, std::string(mistake.what()) + " (see veskfi --help)");
+        return report(mistake.status(), std::string(mistake.what()) + " (see veskfi --help)");
     }
-    catch (const std::exception& failure)
+    catch (const Failure& failure)
     {
-        return report(ExitStatus::FAILURE, failure.what());
+        return report(failure.status(), failure.what());
+    }
+    catch (const std::exception& exception)
+    {
+        return report(ExitStatus::INTERNAL, exception.what());
     }
 }
