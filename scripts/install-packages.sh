@@ -7,6 +7,8 @@
 #   scripts/install-packages.sh build test     the same and what the tests need
 #   scripts/install-packages.sh build bench    what the benchmarks need; with "instructions" also what counts them
 #   scripts/install-packages.sh build package  what it takes to make Debian packages
+#   scripts/install-packages.sh build test coverage
+#                                              what also reports the lines that tests reach
 #   scripts/install-packages.sh build docs     what it takes to make the reference of the API
 #
 # Does nothing, and says so, when everything is there. Uses sudo unless run by root.
@@ -17,13 +19,14 @@ build_packages=(cmake g++ ninja-build libexpat1-dev libcli11-dev)
 # clang, too, has to take the public headers; the tests make Debian packages.
 package_packages=(dpkg-dev file)
 test_packages=(libgtest-dev clang pkg-config "${package_packages[@]}")
+coverage_packages=(gcovr)
 docs_packages=(doxygen)
 bench_packages=(libbenchmark-dev libxml2-dev libpugixml-dev libzstd-dev zlib1g-dev)
 instructions_packages=(valgrind)
 
 usage()
 {
-    sed -n '3,11s/^# \{0,1\}//p' "$0" >&2
+    sed -n '3,13s/^# \{0,1\}//p' "$0" >&2
     exit 2
 }
 
@@ -34,6 +37,7 @@ for group in "$@"; do
     build) wanted+=("${build_packages[@]}") ;;
     test) wanted+=("${test_packages[@]}") ;;
     package) wanted+=("${package_packages[@]}") ;;
+    coverage) wanted+=("${coverage_packages[@]}") ;;
     docs) wanted+=("${docs_packages[@]}") ;;
     bench) wanted+=("${bench_packages[@]}") ;;
     instructions) wanted+=("${instructions_packages[@]}") ;;
