@@ -118,11 +118,6 @@ void BitStreamWriter::complete(bool bit)
     flushStream();
 }
 
-void BitStreamWriter::hold()
-{
-    _holding = true;
-}
-
 void BitStreamWriter::release()
 {
     _holding = false;
@@ -145,10 +140,38 @@ void BitStreamWriter::writeToStream(const char* octets, long octetCount)
         throwFailed();
     // Taken for failed until the stream has said otherwise, in whichever way it says so.
     _failed = true;
-    _stream.write(octets, octetCount);
+    giveToStream(octets, octetCount);
     _failed = !_stream.good();
     if (_failed)
         throwFailed();
+}
+
+// What the output functions of a stream see to with each call, at more cost than handing over the octets of an event:
+// that it is in order, that a stream tied to it is flushed before and the stream itself afterwards, and who is told of
+// exceptions.
+bool BitStreamWriter::isPlainStream() const
+{
+    return _stream.good() && _stream.tie() == nullptr && (_stream.flags() & std::ios_base::unitbuf) == 0 &&
+           _stream.exceptions() == std::ios_base::goodbit;
+}
+
+// As ostream::write does it.
+void BitStreamWriter::giveToStream(const char* octets, std::streamsize octetCount)
+{
+    if (!isPlainStream())
+    {
+        _stream.write(octets, octetCount);
+        return;
+    }
+    try
+    {
+        if (_stream.rdbuf()->sputn(octets, octetCount) != octetCount)
+            _stream.setstate(std::ios_base::badbit);
+    }
+    catch (...)
+    {
+        _stream.setstate(std::ios_base::badbit);
+    }
 }
 
 // Keeps operations that append more than the buffer holds within it.
@@ -158,11 +181,27 @@ void BitStreamWriter::spill()
         writeFullBytesImpl();
 }
 
+// As ostream::flush does it.
 void BitStreamWriter::flushStream()
 {
     _flushDue = false;
     _failed = true;
-    _stream.flush();
+    if (!isPlainStream())
+    {
+        _stream.flush();
+    }
+    else
+    {
+        try
+        {
+            if (_stream.rdbuf()->pubsync() == -1)
+                _stream.setstate(std::ios_base::badbit);
+        }
+        catch (...)
+        {
+            _stream.setstate(std::ios_base::badbit);
+        }
+    }
     _failed = !_stream.good();
     if (_failed)
         throwFailed();

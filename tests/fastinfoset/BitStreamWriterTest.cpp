@@ -310,6 +310,36 @@ TEST(BitStreamWriterTest, StreamThatThrowsIsFailedAsWell)
     EXPECT_VESK_THROW(writer.write('x', 8), IOException, STREAM_FAILED);
 }
 
+TEST(BitStreamWriterTest, BufferThatThrowsIsAFailedStream)
+{
+    struct Buffer : std::streambuf
+    {
+        std::streamsize xsputn(const char*, std::streamsize) override { throw std::runtime_error("disk on fire"); }
+        int sync() override { throw std::runtime_error("disk on fire"); }
+    };
+    Buffer buffer;
+    std::ostream stream(&buffer);
+    BitStreamWriter writer(stream, false);
+    EXPECT_VESK_THROW(writer.write('x', 8), IOException, STREAM_FAILED);
+    EXPECT_TRUE(stream.bad());
+
+    std::ostream other(&buffer);
+    BitStreamWriter flusher(other, false);
+    EXPECT_VESK_THROW(flusher.complete(false), IOException, STREAM_FAILED);
+    EXPECT_TRUE(other.bad());
+}
+
+TEST(BitStreamWriterTest, StreamThatItIsTiedToIsFlushedFirst)
+{
+    RecordingOutputStream first;
+    RecordingOutputStream stream;
+    stream.tie(&first);
+    BitStreamWriter writer(stream, false);
+    writer.write('x', 8);
+    EXPECT_EQ(first.flushes(), 1);
+    EXPECT_EQ(stream.octets(), "x");
+}
+
 TEST(BitStreamWriterTest, DestructorReportsAFailureOnce)
 {
     testing::internal::CaptureStderr();

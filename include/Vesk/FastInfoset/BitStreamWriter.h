@@ -47,6 +47,9 @@ public:
     void write(const char* zeroTerminated);
     void write(const char* octets, std::size_t octetCount);
 
+    /// Appends an octet, the low-order eight bits of the value. Requires: an octet boundary.
+    void writeOctet(unsigned int octet);
+
     /// Fills the current octet with copies of the bit, then flushes the stream.
     void complete(bool bit);
 
@@ -80,6 +83,8 @@ private:
     void spill();
     void checkWidth(int numOfBits, int maximum, const char* condition, int line) const;
     [[noreturn]] void throwFailed() const;
+    bool isPlainStream() const;
+    void giveToStream(const char* octets, std::streamsize octetCount);
     void flushStream();
 
     std::ostream& _stream;
@@ -102,6 +107,19 @@ inline void BitStreamWriter::write(bool bit)
 {
     append(bit ? 1 : 0, 1);
     handOver();
+}
+
+inline void BitStreamWriter::writeOctet(unsigned int octet)
+{
+    if (_failed)
+        throwFailed();
+    _finished[_finishedCount++] = static_cast<char>(octet);
+    handOver();
+}
+
+inline void BitStreamWriter::hold()
+{
+    _holding = true;
 }
 
 inline void BitStreamWriter::write(int value, int numOfBits)
