@@ -52,15 +52,15 @@ void ElementWriter::undeclarePrefix(const std::string& prefix)
 void ElementWriter::startElement(const std::string& uri, const std::string& localName, const std::string& qname,
                                  const XML::Attributes& attributes)
 {
-    const int attributeCount = declareAttributes(attributes);
+    const bool hasQualifiedAttributes = collectAttributes(attributes);
     resolvePrefix(uri, localName, qname);
-    declareAttributeNamespaces(attributes);
+    if (hasQualifiedAttributes)
+        declareAttributeNamespaces();
 
     _stream.complete(false);
-    _stream.write(false);
-    writeElement(uri, localName.empty() ? qname : localName, attributeCount > 0);
-    if (attributeCount > 0)
-        writeAttributes(attributes, uri);
+    writeElement(uri, localName.empty() ? qname : localName);
+    if (!_attributes.empty())
+        writeAttributes(uri);
     _namespaces.pushContext();
 }
 
@@ -69,20 +69,27 @@ void ElementWriter::endElement()
     _namespaces.popContext();
 }
 
-// Declares what is a namespace declaration by its name and returns the number of the other attributes.
-int ElementWriter::declareAttributes(const XML::Attributes& attributes)
+// Declares what is a namespace declaration by its name and takes down the other attributes. Tells whether any of them is
+// in a namespace.
+bool ElementWriter::collectAttributes(const XML::Attributes& attributes)
 {
+    _attributes.clear();
+    bool hasQualified = false;
     const int length = attributes.getLength();
-    int count = length;
     for (int i = 0; i < length; ++i)
     {
         const std::string& qname = attributes.getQName(i);
-        if (!isNamespaceDeclaration(qname))
+        const std::string& value = attributes.getValue(i);
+        if (isNamespaceDeclaration(qname))
+        {
+            declarePrefix(qname.substr(std::min(qname.size(), XMLNS_PREFIX.size())), value);
             continue;
-        declarePrefix(qname.substr(std::min(qname.size(), XMLNS_PREFIX.size())), attributes.getValue(i));
-        --count;
+        }
+        const std::string& uri = attributes.getURI(i);
+        _attributes.push_back({&uri, &attributes.getLocalName(i), &qname, &value});
+        hasQualified |= !uri.empty();
     }
-    return count;
+    return hasQualified;
 }
 
 // The prefix under which the element goes out; declared here if the context does not map it to the element's URI.
@@ -118,18 +125,16 @@ void ElementWriter::resolvePrefix(const std::string& uri, const std::string& loc
 
 // No prefix is invented for an attribute: one in a namespace that has no prefix in scope, and none in its qualified
 // name, declares the default namespace. Readers go by the URI, so nothing is lost.
-void ElementWriter::declareAttributeNamespaces(const XML::Attributes& attributes)
+void ElementWriter::declareAttributeNamespaces()
 {
-    const int length = attributes.getLength();
-    for (int i = 0; i < length; ++i)
+    for (const Attribute& attribute : _attributes)
     {
-        const std::string& uri = attributes.getURI(i);
-        if (uri.empty() || attributes.getLocalName(i).empty() || isNamespaceDeclaration(attributes.getQName(i)))
+        if (attribute.uri->empty() || attribute.localName->empty())
             continue;
-        XML::Name::split(attributes.getQName(i), _splitPrefix, _splitLocalName);
+        XML::Name::split(*attribute.qname, _splitPrefix, _splitLocalName);
         if (_splitPrefix.empty())
-            _splitPrefix = _namespaces.getPrefix(uri);
-        declareUnlessMapped(_splitPrefix, uri);
+            _splitPrefix = _namespaces.getPrefix(*attribute.uri);
+        declareUnlessMapped(_splitPrefix, *attribute.uri);
     }
 }
 
@@ -148,18 +153,22 @@ void ElementWriter::newPrefix(std::string& prefix)
     } while (_namespaces.findURI(prefix));
 }
 
-// Behind the element's 0 bit: whether attributes follow, namespace attributes, the name.
-void ElementWriter::writeElement(const std::string& uri, const std::string& localName, bool hasAttributes)
+//   0a??????    whether attributes follow; namespace attributes or the name
+void ElementWriter::writeElement(const std::string& uri, const std::string& localName)
 {
-    _stream.write(hasAttributes);
+    unsigned int lead = _attributes.empty() ? 0 : 0x40;
     if (_namespaces.declaredCount() > 0)
-        writeNamespaceAttributes();
-    _strings.writeQualifiedNameOrIndex(_prefix, uri, localName, true);
+    {
+        writeNamespaceAttributes(lead);
+        lead = 0;
+    }
+    _strings.writeQualifiedNameOrIndex(_prefix, uri, localName, true, lead);
 }
 
-// 111000, then in order of prefix 110011, prefix present, namespace name present, and those that are; then the
-// terminator and six bits that bring the name to bit offset 2.
-void ElementWriter::writeNamespaceAttributes()
+//   ??111000    behind the lead
+//   110011pn    for each, in order of prefix: prefix present, namespace name present, then those that are
+//   11110000    the end; the name starts behind two padding bits, which are its lead
+void ElementWriter::writeNamespaceAttributes(unsigned int lead)
 {
     _namespaceAttributes.clear();
     for (std::size_t i = 0; i < _namespaces.declaredCount(); ++i)
@@ -167,43 +176,36 @@ void ElementWriter::writeNamespaceAttributes()
     std::sort(_namespaceAttributes.begin(), _namespaceAttributes.end(),
               [](const NamespaceAttribute& a, const NamespaceAttribute& b) { return *a.first < *b.first; });
 
-    _stream.write(0b111000, 6);
+    _stream.writeOctet(lead | 0b111000);
     for (const auto& [prefix, uri] : _namespaceAttributes)
     {
-        _stream.write(0b110011, 6);
-        _stream.write(!prefix->empty());
-        _stream.write(!uri->empty());
+        _stream.writeOctet(0b11001100u | (prefix->empty() ? 0 : 2) | (uri->empty() ? 0 : 1));
         if (!prefix->empty())
             _strings.writeIdentifyingStringOrIndex(*prefix, DocumentVocabulary::PREFIX);
         if (!uri->empty())
             _strings.writeIdentifyingStringOrIndex(*uri, DocumentVocabulary::NAMESPACE_NAME);
     }
-    _stream.write(0b1111000000, 10);
+    _stream.writeOctet(0b11110000);
 }
 
 // A 0 bit, the name and the value of each, then the terminator. The prefix comes from the context, never from the
 // attribute's own qualified name, and is left out in the namespace of the element.
-void ElementWriter::writeAttributes(const XML::Attributes& attributes, const std::string& elementURI)
+void ElementWriter::writeAttributes(const std::string& elementURI)
 {
     static const std::string NO_PREFIX;
 
-    const int length = attributes.getLength();
-    for (int i = 0; i < length; ++i)
+    for (const Attribute& attribute : _attributes)
     {
-        const std::string& qname = attributes.getQName(i);
-        if (isNamespaceDeclaration(qname))
-            continue;
-        const std::string& uri = attributes.getURI(i);
+        const std::string& uri = *attribute.uri;
         const std::string& prefix = uri.empty() || uri == elementURI ? NO_PREFIX : _namespaces.getPrefix(uri);
-        const std::string* localName = &attributes.getLocalName(i);
+        const std::string* localName = attribute.localName;
         if (localName->empty())
         {
-            XML::Name::split(qname, _splitPrefix, _splitLocalName);
+            XML::Name::split(*attribute.qname, _splitPrefix, _splitLocalName);
             localName = &_splitLocalName;
         }
-        _stream.write(false);
-        _strings.writeQualifiedNameOrIndex(prefix, uri, *localName, false);
-        _strings.writeNonIdentifyingStringOrIndex(attributes.getValue(i), DocumentVocabulary::ATTRIBUTE_VALUE);
+        _strings.writeQualifiedNameOrIndex(prefix, uri, *localName, false, 0);
+        _strings.writeNonIdentifyingStringOrIndex(*attribute.value, DocumentVocabulary::ATTRIBUTE_VALUE);
     }
     _stream.write(0b1111, 4);
 }

@@ -48,15 +48,23 @@ public:
 private:
     using NamespaceAttribute = std::pair<const std::string*, const std::string*>; // prefix and URI
 
+    struct Attribute
+    {
+        const std::string* uri;
+        const std::string* localName;
+        const std::string* qname;
+        const std::string* value;
+    };
+
     void resolvePrefix(const std::string& uri, const std::string& localName, const std::string& qname);
-    int declareAttributes(const XML::Attributes& attributes);
-    void declareAttributeNamespaces(const XML::Attributes& attributes);
+    bool collectAttributes(const XML::Attributes& attributes);
+    void declareAttributeNamespaces();
     void declareUnlessMapped(const std::string& prefix, const std::string& uri);
     void newPrefix(std::string& prefix);
 
-    void writeElement(const std::string& uri, const std::string& localName, bool hasAttributes);
-    void writeNamespaceAttributes();
-    void writeAttributes(const XML::Attributes& attributes, const std::string& elementURI);
+    void writeElement(const std::string& uri, const std::string& localName);
+    void writeNamespaceAttributes(unsigned int lead);
+    void writeAttributes(const std::string& elementURI);
 
     BitStreamWriter& _stream;
     StringWriter& _strings;
@@ -67,6 +75,7 @@ private:
     std::string _prefix;
     std::string _splitPrefix;
     std::string _splitLocalName;
+    std::vector<Attribute> _attributes; // without namespace declarations
     std::vector<NamespaceAttribute> _namespaceAttributes;
 };
 

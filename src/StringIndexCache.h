@@ -2,7 +2,7 @@
 #ifndef VESK_FASTINFOSET_STRINGINDEXCACHE_H
 #define VESK_FASTINFOSET_STRINGINDEXCACHE_H
 
-#include "RecentPlace.h"
+#include "RecentText.h"
 #include "Vesk/FastInfoset/VerbTable.h"
 #include <array>
 #include <string>
@@ -19,23 +19,37 @@ public:
     void begin(const VerbTable<std::string>& strings)
     {
         _strings = &strings;
-        _indexes.fill(0);
+        if (_isUsed)
+            _indexes.fill(0);
+        _isUsed = false;
     }
 
-    /// The index of the string, or 0 if it is not remembered.
-    unsigned int find(std::string_view text) const
+    /// The index of the string, or 0 if it is not remembered. key is that of the text.
+    unsigned int find(std::string_view text, const RecentText& key) const
     {
-        const unsigned int index = _indexes[recentPlace(text, PLACE_BITS)];
-        return index != 0 && (*_strings)[index] == text ? index : 0;
+        const std::size_t place = key.place(PLACE_BITS);
+        const unsigned int index = _indexes[place];
+        if (index == 0 || !key.agrees(_keys[place]) || !(key.isWhole() || (*_strings)[index] == text))
+            return 0;
+        return index;
     }
 
-    void remember(std::string_view text, unsigned int index) { _indexes[recentPlace(text, PLACE_BITS)] = index; }
+    void remember(const RecentText& key, unsigned int index)
+    {
+        const std::size_t place = key.place(PLACE_BITS);
+        _indexes[place] = index;
+        _keys[place] = key;
+        _isUsed = true;
+    }
 
 private:
     static constexpr int PLACE_BITS = 9;
+    static constexpr std::size_t PLACE_COUNT = 1u << PLACE_BITS;
 
     const VerbTable<std::string>* _strings = nullptr;
-    std::array<unsigned int, 1u << PLACE_BITS> _indexes{};
+    bool _isUsed = false;
+    std::array<unsigned int, PLACE_COUNT> _indexes{}; // 0: nothing is remembered, whatever the key holds
+    std::array<RecentText, PLACE_COUNT> _keys;
 };
 
 } // namespace Vesk::FastInfoset

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "StringWriter.h"
+#include "OctetCode.h"
 #include "Vesk/Bugcheck.h"
 #include "Vesk/FastInfoset/BitStreamWriter.h"
 #include "Vesk/FastInfoset/CDataEncoding.h"
@@ -49,15 +50,13 @@ void StringWriter::begin()
 void StringWriter::writeIdentifyingString(const std::string& text)
 {
     checkOffset(_stream.bitOffset() == 0, "Illegal startposition for an writeIdentifyingString");
-    _stream.write(false);
-    Encoder::nonEmptyOctetString(_stream, text);
+    OctetCode::octetString(_stream, 0, 1, text.data(), text.size());
 }
 
 void StringWriter::writeIdentifyingStringIndex(unsigned int index)
 {
     checkOffset(_stream.bitOffset() == 0, "Illegal startposition for an writeIdentifyingStringIndex");
-    _stream.write(true);
-    Encoder::integer(_stream, index);
+    OctetCode::integer(_stream, 0x80, 1, index);
 }
 
 unsigned int StringWriter::writeIdentifyingStringOrIndex(const std::string& text, DocumentVocabulary::ID table)
@@ -71,14 +70,32 @@ unsigned int StringWriter::writeIdentifyingStringOrIndex(const std::string& text
     return index;
 }
 
-unsigned int StringWriter::writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table)
+// Behind the lead:
+//
+//   1iiiiiii    an index, of one bit less for each that the lead has
+//   0a00nnnn    a literal of that length, and whether it enters the table
+unsigned int StringWriter::writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table,
+                                                            unsigned int lead, int leadBits)
 {
-    checkOffset((_stream.bitOffset() & ~2) == 0, "Illegal startposition for a NonIdentifyingStringOrIndex value");
+    checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a NonIdentifyingStringOrIndex value");
     const Lookup lookup = lookUp(text, table);
-    const unsigned int index = writeLookup(lookup);
-    if (!lookup.found)
+    if (lookup.found)
+    {
+        OctetCode::integer(_stream, lead | 0x80u >> leadBits, leadBits + 1, lookup.index);
+        return lookup.index;
+    }
+    if (lookup.added)
+        lead |= 0x40u >> leadBits;
+    if (_inCDATA)
+    {
+        OctetCode::writeLead(_stream, lead, leadBits + 2);
         writeEncodedCharacterString(text, NullEncoding::TYPE);
-    return index;
+    }
+    else
+    {
+        OctetCode::octetString(_stream, lead, leadBits + 4, text.data(), text.size());
+    }
+    return lookup.index;
 }
 
 unsigned int StringWriter::writeNonIdentifyingStringOrIndex(const AutoPtr<Encoding>& value,
@@ -94,22 +111,27 @@ unsigned int StringWriter::writeNonIdentifyingStringOrIndex(const AutoPtr<Encodi
 }
 
 // Looks up, and enters in the table, what is short enough.
-StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabulary::ID table)
+inline StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabulary::ID table)
 {
-    Lookup lookup{false, false, 0};
     // The empty string is found in every table, as the reserved entry 0.
     if (!text.empty() && (_maxIndexedLength < 0 || text.size() > static_cast<std::size_t>(_maxIndexedLength)))
-        return lookup;
+        return {false, false, 0};
 
     StringIndexCache* const recent = cache(table);
-    if (recent)
-    {
-        lookup.index = recent->find(text);
-        lookup.found = lookup.index != 0;
-        if (lookup.found)
-            return lookup;
-    }
+    if (!recent)
+        return lookUpInTable(text, table);
+    const RecentText key(text);
+    const unsigned int index = recent->find(text, key);
+    if (index != 0)
+        return {true, false, index};
+    const Lookup lookup = lookUpInTable(text, table);
+    recent->remember(key, lookup.index);
+    return lookup;
+}
 
+StringWriter::Lookup StringWriter::lookUpInTable(std::string_view text, DocumentVocabulary::ID table)
+{
+    Lookup lookup{false, false, 0};
     _key.assign(text.data(), text.size());
     Vocabulary<std::string>& strings = _vocabulary.vocabulary(table);
     if (strings.size() < FULL_TABLE)
@@ -122,13 +144,11 @@ StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabul
         const unsigned int index = strings.exists(_key, lookup.found);
         lookup.index = lookup.found ? index : 0;
     }
-    if (recent)
-        recent->remember(text, lookup.index);
     return lookup;
 }
 
 // The tables that are looked up for nearly every event have one.
-StringIndexCache* StringWriter::cache(DocumentVocabulary::ID table)
+inline StringIndexCache* StringWriter::cache(DocumentVocabulary::ID table)
 {
     if (table == DocumentVocabulary::ATTRIBUTE_VALUE)
         return &_values;
@@ -191,38 +211,40 @@ void StringWriter::writeEncodedCharacterString(const AutoPtr<Encoding>& value)
 
 void StringWriter::writeCharacterChunk(std::string_view text)
 {
-    checkOffset(_stream.bitOffset() == 2, "Illegal startposition for a CharacterChunk value");
-    writeNonIdentifyingStringOrIndex(text, DocumentVocabulary::CONTENT_CHARACTER_CHUNK);
+    checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a CharacterChunk value");
+    writeNonIdentifyingStringOrIndex(text, DocumentVocabulary::CONTENT_CHARACTER_CHUNK, 0x80, 2);
 }
 
-// An index, or 1111 (and a 0 bit behind an attribute's first bit) and the literal.
+// Behind the lead of two bits or one:
+//
+//   ??iiiiii    an index             ?iiiiiii
+//   ??1111pn    a literal follows    ?11110pn
 unsigned int StringWriter::writeQualifiedNameOrIndex(const std::string& prefix, const std::string& uri,
-                                                     const std::string& localName, bool isElement)
+                                                     const std::string& localName, bool isElement, unsigned int lead)
 {
-    const int offset = _stream.bitOffset();
-    checkOffset(offset == 1 || offset == 2, "Illegal startposition for a writeQualifiedNameOrIndex value");
+    checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a writeQualifiedNameOrIndex value");
     if (localName.empty())
         Bugcheck::assertion("!localName.empty()", "src/FastInfosetWriter", 677);
 
+    const int leadBits = isElement ? 2 : 1;
     NameIndexCache& cache = isElement ? _elementNames : _attributeNames;
-    unsigned int index = cache.find(prefix, uri, localName);
+    const RecentText key(localName);
+    unsigned int index = cache.find(prefix, uri, localName, key);
     if (index != 0)
     {
-        Encoder::integer(_stream, index);
+        OctetCode::integer(_stream, lead, leadBits, index);
         return index;
     }
     if (findName(prefix, uri, localName, isElement, index))
     {
-        Encoder::integer(_stream, index);
+        OctetCode::integer(_stream, lead, leadBits, index);
     }
     else
     {
-        _stream.write(0b1111, 4);
-        if (offset == 1)
-            _stream.write(false);
+        OctetCode::writeLead(_stream, lead | (isElement ? 0x3Cu : 0x78u), 6);
         index = writeQualifiedName(prefix, uri, localName, isElement);
     }
-    cache.remember(prefix, localName, index);
+    cache.remember(prefix, key, index);
     return index;
 }
 
@@ -231,22 +253,24 @@ bool StringWriter::findName(const std::string& prefix, const std::string& uri, c
                             bool isElement, unsigned int& index) const
 {
     bool found = false;
-    const auto exists = [&](DocumentVocabulary::ID table, const std::string& part)
-    {
-        return _vocabulary.vocabulary(table).exists(part, found);
-    };
-
-    const unsigned int prefixIndex = exists(DocumentVocabulary::PREFIX, prefix);
+    const unsigned int prefixIndex = findPart(DocumentVocabulary::PREFIX, prefix, found);
     if (!found)
         return false;
-    const unsigned int uriIndex = exists(DocumentVocabulary::NAMESPACE_NAME, uri);
+    const unsigned int uriIndex = findPart(DocumentVocabulary::NAMESPACE_NAME, uri, found);
     if (!found)
         return false;
-    const unsigned int localNameIndex = exists(DocumentVocabulary::LOCAL_NAME, localName);
+    const unsigned int localNameIndex = findPart(DocumentVocabulary::LOCAL_NAME, localName, found);
     if (!found)
         return false;
     index = names(isElement).exists(QualifiedNameEntry(prefixIndex, uriIndex, localNameIndex), found);
     return found;
+}
+
+unsigned int StringWriter::findPart(DocumentVocabulary::ID table, const std::string& part, bool& found) const
+{
+    const Vocabulary<std::string>& strings = _vocabulary.vocabulary(table);
+    found = part.empty() && !strings.entries().empty() && strings.entries()[0].empty();
+    return found ? 0 : strings.exists(part, found);
 }
 
 // Prefix present, namespace name present, then those that are, and the local name.

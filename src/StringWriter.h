@@ -47,11 +47,16 @@ public:
     unsigned int writeIdentifyingStringOrIndex(const std::string& text, DocumentVocabulary::ID table);
     /// @}
 
-    /// \name Non-identifying strings, at bit offset 0 or 2
+    /// \name Non-identifying strings
     /// Returns the index of the value, 0 when it is not indexed. Typed values never are.
     /// @{
-    unsigned int writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table);
+
+    /// On an octet boundary, behind leadBits bits (0 or 2) that stand left-aligned in lead.
+    unsigned int writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table,
+                                                  unsigned int lead = 0, int leadBits = 0);
+    /// At bit offset 0 or 2.
     unsigned int writeNonIdentifyingStringOrIndex(const AutoPtr<Encoding>& value, DocumentVocabulary::ID table);
+
     /// @}
 
     /// \name Encoded character strings, at bit offset 2 or 4
@@ -60,18 +65,22 @@ public:
     void writeEncodedCharacterString(const AutoPtr<Encoding>& value);
     /// @}
 
-    /// Character content, at bit offset 2.
+    /// Character content with the two bits that announce it, on an octet boundary.
     void writeCharacterChunk(std::string_view text);
 
     /// \name Qualified names
-    /// An element's at bit offset 2, an attribute's at bit offset 1. Results are indexes. The local name is not empty.
+    /// Results are indexes. The local name is not empty.
     /// @{
+
+    /// On an octet boundary, with the bits before the name, two of an element and one of an attribute, left-aligned in
+    /// lead.
     unsigned int writeQualifiedNameOrIndex(const std::string& prefix, const std::string& uri,
-                                           const std::string& localName, bool isElement);
-    /// What follows the mark of a literal name.
+                                           const std::string& localName, bool isElement, unsigned int lead);
+    /// What follows the mark of a literal name, at bit offset 6.
     unsigned int writeQualifiedName(const std::string& prefix, const std::string& uri, const std::string& localName,
                                     bool isElement);
     unsigned int writeQualifiedName(const QualifiedNameEntry& name, bool isElement);
+
     /// @}
 
 private:
@@ -84,9 +93,11 @@ private:
 
     StringIndexCache* cache(DocumentVocabulary::ID table);
     Lookup lookUp(std::string_view text, DocumentVocabulary::ID table);
+    Lookup lookUpInTable(std::string_view text, DocumentVocabulary::ID table);
     unsigned int writeLookup(const Lookup& lookup);
     bool findName(const std::string& prefix, const std::string& uri, const std::string& localName, bool isElement,
                   unsigned int& index) const;
+    unsigned int findPart(DocumentVocabulary::ID table, const std::string& part, bool& found) const;
     unsigned int insertQualifiedName(const QualifiedNameEntry& name, bool isElement);
     Vocabulary<QualifiedNameEntry>& names(bool isElement) const;
 
