@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Vesk/FastInfoset/Decoder.h"
+#include "Observation.h"
 #include "PrimitiveCode.h"
 #include "Vesk/FastInfoset/Encoder.h"
 #include "Vesk/FastInfoset/FISEncodingException.h"
@@ -36,19 +37,25 @@ unsigned short readHeaderWord(BitStreamReader& reader)
 
 } // namespace
 
-void Decoder::documentPreHeader(BitStreamReader& reader, std::string& xmlDeclaration)
+void Decoder::documentPreHeader(BitStreamReader& reader, std::string& xmlDeclaration, Observed* observed)
 {
     xmlDeclaration.clear();
     unsigned short word = readHeaderWord(reader);
     if (word == Encoder::XMLDECLARATION)
     {
         readXMLDeclaration(reader, xmlDeclaration);
+        if (observed)
+            observed->xmlDeclaration(xmlDeclaration);
         word = readHeaderWord(reader);
     }
     if (word != Encoder::DOCUMENTSTART)
         throw FISException("Not a valid Fast Infoset document (invalid header)");
+    if (observed)
+        observed->part(Observed::Part::IDENTIFICATION);
     if (readHeaderWord(reader) != 1)
         throw FISException("Unsupported Fast Infoset document version");
+    if (observed)
+        observed->part(Observed::Part::FORMAT_VERSION);
     reader.skip(1);
 }
 
@@ -91,7 +98,7 @@ void Decoder::nonEmptyOctetString(BitStreamReader& reader, std::string& octets)
     unsigned long octetCount = 0;
     nonEmptyStringLength(reader, octetCount);
     if (!reader.read(octets, octetCount))
-        throw FISParseException("Unexpected end of stream while reading octet string");
+        PrimitiveCode::throwEndOfString(reader);
 }
 
 // 0nnnnnnn for 1 to 128, or 1???nnnn and two octets for 129 and more. The bits ??? are not looked at.

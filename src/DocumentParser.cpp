@@ -23,50 +23,70 @@ namespace
 constexpr unsigned int TERMINATOR = 0xF;
 constexpr unsigned int TERMINATOR_OCTETS = TERMINATOR << 4;
 
+constexpr unsigned int HALF_OCTET = 4;
+// How many bits of an octet are left behind those that tell what it is.
+constexpr unsigned int ELEMENT_NAME_BITS = 6;
+constexpr unsigned int ATTRIBUTE_NAME_BITS = 7;
+constexpr unsigned int CHUNK_BITS = 6;
+
 constexpr unsigned int NAMESPACE_ATTRIBUTES = 0x38; // in the six bits where an element's name would start
+
+using Part = StructureObserver::Part;
+using Structure = StructureObserver::Structure;
 
 } // namespace
 
-DocumentParser::DocumentParser()
-    : _items(_strings)
+template <class Observation>
+DocumentParser<Observation>::DocumentParser()
+    : _strings(_observation),
+      _items(_strings, _observation)
 {
 }
 
-void DocumentParser::parseDocument(BitStreamReader& reader, DocumentVocabulary& vocabulary,
-                                   const ParserHandlers& handlers, int externalDepth)
+template <class Observation>
+void DocumentParser<Observation>::parseDocument(BitStreamReader& reader, DocumentVocabulary& vocabulary,
+                                                const ParserHandlers& handlers, int externalDepth)
 {
     begin(reader, vocabulary, handlers);
+    _observation.start(Structure::DOCUMENT);
     parseHeader(externalDepth);
     if (_handlers.content)
         _handlers.content->startDocument();
     parseChildren();
+    _observation.end(Structure::DOCUMENT);
     if (_handlers.content)
         _handlers.content->endDocument();
 }
 
 // Whatever a document that failed half-way has left behind is forgotten.
-void DocumentParser::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary, const ParserHandlers& handlers)
+template <class Observation>
+void DocumentParser<Observation>::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary,
+                                        const ParserHandlers& handlers)
 {
     _reader = &reader;
     _vocabulary = &vocabulary;
     _handlers = handlers;
+    _observation.begin(reader, vocabulary, handlers.observer);
     _openElements.clear();
     _prefixes.clear();
 }
 
-void DocumentParser::parseHeader(int externalDepth)
+template <class Observation>
+void DocumentParser<Observation>::parseHeader(int externalDepth)
 {
-    Decoder::documentPreHeader(*_reader, _xmlDeclaration);
+    _observation.start(Structure::HEADER);
+    Decoder::documentPreHeader(*_reader, _xmlDeclaration, _observation.pointer());
     if (_handlers.document)
         _handlers.document->setWriteXMLDeclaration(!_xmlDeclaration.empty());
     const Decoder::OpenHeaderParts parts =
-        Decoder::documentHeader(*_reader, *_vocabulary, _handlers.document, externalDepth);
+        Decoder::documentHeader(*_reader, *_vocabulary, _handlers.document, externalDepth, _observation.pointer());
     if (_handlers.document)
         _handlers.document->setDocumentVocabulary(*_vocabulary);
 
     _strings.begin(*_reader, *_vocabulary);
     _items.begin(*_reader, _handlers);
     _items.parseDocumentChildren(parts);
+    _observation.end(Structure::HEADER);
 }
 
 // The children of the document and, in the same loop, those of every element: a child that is an element opens it, a
@@ -76,7 +96,8 @@ void DocumentParser::parseHeader(int externalDepth)
 //   10......    character chunk
 //   110..... or 1110....    another item
 //   1111....    terminator
-void DocumentParser::parseChildren()
+template <class Observation>
+void DocumentParser<Observation>::parseChildren()
 {
     for (;;)
     {
@@ -96,7 +117,8 @@ void DocumentParser::parseChildren()
 //   11100010    comment
 //
 // Returns false when the document ends, as a terminator may stand in the octet in which a declaration ends.
-bool DocumentParser::parseItem(unsigned int octet)
+template <class Observation>
+bool DocumentParser<Observation>::parseItem(unsigned int octet)
 {
     if (octet >> 2 == 0b110001)
         return endSecondHalf(_items.parseDocumentTypeDeclaration(octet));
@@ -117,14 +139,22 @@ bool DocumentParser::parseItem(unsigned int octet)
 //
 //   0annnnnn    whether attributes follow, the name
 //   0a111000    namespace attributes, then ??nnnnnn, the name
-void DocumentParser::parseElement(unsigned int octet)
+template <class Observation>
+void DocumentParser<Observation>::parseElement(unsigned int octet)
 {
     const bool hasAttributes = (octet & 0x40) != 0;
     const std::size_t outerPrefixes = _prefixes.size();
+    _observation.start(Structure::ELEMENT);
     if ((octet & 0x3F) == NAMESPACE_ATTRIBUTES)
     {
+        _observation.part(Part::START);
         parseNamespaceAttributes();
         octet = readOctet("Unexpected end of stream while parsing element");
+        _observation.part(Part::PADDING, ELEMENT_NAME_BITS);
+    }
+    else
+    {
+        _observation.part(Part::START, ELEMENT_NAME_BITS);
     }
     const ResolvedName& name = _strings.parseElementName(octet);
 
@@ -136,29 +166,46 @@ void DocumentParser::parseElement(unsigned int octet)
 
     // The terminator of the attributes leaves half an octet, which may hold that of the element.
     if (half == TERMINATOR)
+    {
+        _observation.part(Part::TERMINATOR);
         endElement();
+    }
+    else if (hasAttributes)
+    {
+        _observation.part(Part::PADDING);
+    }
 }
 
 // 110011pn and the namespace attribute, for each; 1111???? ends the list.
-void DocumentParser::parseNamespaceAttributes()
+template <class Observation>
+void DocumentParser<Observation>::parseNamespaceAttributes()
 {
+    _observation.start(Structure::NAMESPACE_ATTRIBUTES);
     for (;;)
     {
         const unsigned int octet = readOctet("Unexpected end of stream while parsing element");
         if (octet >= TERMINATOR_OCTETS)
+        {
+            _observation.part(Part::TERMINATOR, HALF_OCTET);
+            _observation.end(Structure::NAMESPACE_ATTRIBUTES);
             return;
+        }
         parseNamespaceAttribute(octet);
     }
 }
 
 // ??????pn (X.891 C.12): prefix and namespace name, as far as they are present.
-void DocumentParser::parseNamespaceAttribute(unsigned int octet)
+template <class Observation>
+void DocumentParser<Observation>::parseNamespaceAttribute(unsigned int octet)
 {
+    _observation.start(Structure::NAMESPACE_ATTRIBUTE);
+    _observation.part(Part::START);
     const std::string& prefix = (octet & 2) != 0 ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::PREFIX)
                                                  : FastInfosetParser::EMPTY_STRING;
     const std::string& namespaceName = (octet & 1) != 0
                                            ? _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::NAMESPACE_NAME)
                                            : FastInfosetParser::EMPTY_STRING;
+    _observation.end(Structure::NAMESPACE_ATTRIBUTE);
     _prefixes.push_back(&prefix);
     if (_handlers.content)
         _handlers.content->startPrefixMapping(prefix, namespaceName);
@@ -166,25 +213,35 @@ void DocumentParser::parseNamespaceAttribute(unsigned int octet)
 
 // 0nnnnnnn and the attribute, for each; an octet that starts with a 1 bit, as a terminator does, ends the list. Returns
 // the other half of that octet.
-unsigned int DocumentParser::parseAttributes()
+template <class Observation>
+unsigned int DocumentParser<Observation>::parseAttributes()
 {
     _usedValueBuffers = 0;
+    _observation.start(Structure::ATTRIBUTES);
     for (;;)
     {
         const unsigned int octet = readOctet("Unexpected end of stream while parsing element");
         if (octet >= 0x80)
+        {
+            _observation.part(Part::TERMINATOR, HALF_OCTET);
+            _observation.end(Structure::ATTRIBUTES);
             return octet & 0xF;
+        }
         parseAttribute(octet);
     }
 }
 
 // X.891 C.4. Values are text even where they are stored as typed data.
-void DocumentParser::parseAttribute(unsigned int octet)
+template <class Observation>
+void DocumentParser<Observation>::parseAttribute(unsigned int octet)
 {
+    _observation.start(Structure::ATTRIBUTE);
+    _observation.part(Part::START, ATTRIBUTE_NAME_BITS);
     const ResolvedName& name = _strings.parseAttributeName(octet);
     std::string& buffer = nextValueBuffer();
     const std::string& value =
         _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ATTRIBUTE_VALUE, buffer);
+    _observation.end(Structure::ATTRIBUTE);
     if (&value == &buffer)
         ++_usedValueBuffers;
     _attributes.addReferences(*name.namespaceName, *name.localName, FastInfosetParser::EMPTY_STRING,
@@ -192,9 +249,13 @@ void DocumentParser::parseAttribute(unsigned int octet)
 }
 
 // X.891 C.7
-void DocumentParser::parseCharacterChunk(unsigned int octet)
+template <class Observation>
+void DocumentParser<Observation>::parseCharacterChunk(unsigned int octet)
 {
-    const StringParser::Content content = _strings.parseCharacterChunk(octet);
+    _observation.start(Structure::CHARACTER_CHUNK);
+    _observation.part(Part::START, CHUNK_BITS);
+    const CharacterContent content = _strings.parseCharacterChunk(octet);
+    _observation.end(Structure::CHARACTER_CHUNK);
     if (content.value)
         deliver(content);
     else if (_handlers.content)
@@ -202,7 +263,8 @@ void DocumentParser::parseCharacterChunk(unsigned int octet)
 }
 
 // A typed value; how it reaches the handler is its own matter.
-void DocumentParser::deliver(const StringParser::Content& content)
+template <class Observation>
+void DocumentParser<Observation>::deliver(const CharacterContent& content)
 {
     const bool isCDATA = _handlers.lexical && content.value->type() == CDataEncoding::TYPE;
     if (isCDATA)
@@ -216,18 +278,28 @@ void DocumentParser::deliver(const StringParser::Content& content)
 }
 
 // One terminator, and another one in the other half of the octet or padding. Returns false when the document ends.
-bool DocumentParser::endElements(unsigned int octet)
+template <class Observation>
+bool DocumentParser<Observation>::endElements(unsigned int octet)
 {
+    _observation.part(Part::TERMINATOR, HALF_OCTET);
     if (_openElements.empty())
+    {
+        _observation.part(Part::PADDING);
         return false;
+    }
     endElement();
     return endSecondHalf(octet);
 }
 
-bool DocumentParser::endSecondHalf(unsigned int octet)
+template <class Observation>
+bool DocumentParser<Observation>::endSecondHalf(unsigned int octet)
 {
     if ((octet & 0xF) != TERMINATOR)
+    {
+        _observation.part(Part::PADDING);
         return true;
+    }
+    _observation.part(Part::TERMINATOR);
     if (_openElements.empty())
         return false;
     endElement();
@@ -235,8 +307,10 @@ bool DocumentParser::endSecondHalf(unsigned int octet)
 }
 
 // The innermost open element ends.
-void DocumentParser::endElement()
+template <class Observation>
+void DocumentParser<Observation>::endElement()
 {
+    _observation.end(Structure::ELEMENT);
     const OpenElement element = _openElements.back();
     _openElements.pop_back();
     if (_handlers.content)
@@ -249,7 +323,8 @@ void DocumentParser::endElement()
     _prefixes.resize(element.prefixes);
 }
 
-inline unsigned int DocumentParser::readOctet(const char* endOfStreamMessage)
+template <class Observation>
+inline unsigned int DocumentParser<Observation>::readOctet(const char* endOfStreamMessage)
 {
     unsigned int octet = 0;
     if (!_reader->readOctet(octet))
@@ -257,16 +332,21 @@ inline unsigned int DocumentParser::readOctet(const char* endOfStreamMessage)
     return octet;
 }
 
-std::string& DocumentParser::nextValueBuffer()
+template <class Observation>
+std::string& DocumentParser<Observation>::nextValueBuffer()
 {
     if (_usedValueBuffers == _valueBuffers.size())
         _valueBuffers.emplace_back();
     return _valueBuffers[_usedValueBuffers];
 }
 
-const std::string& DocumentParser::qualifiedName(const ResolvedName& name) const
+template <class Observation>
+const std::string& DocumentParser<Observation>::qualifiedName(const ResolvedName& name) const
 {
     return _handlers.namespacePrefixes ? name.qualifiedName : FastInfosetParser::EMPTY_STRING;
 }
+
+template class DocumentParser<Unobserved>;
+template class DocumentParser<Observed>;
 
 } // namespace Vesk::FastInfoset

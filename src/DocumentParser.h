@@ -24,6 +24,9 @@ class DocumentVocabulary;
 ///
 /// Its buffers and resolved names are kept from one document to the next, so that small documents in turn cost no
 /// allocations. What it reads into and reports to is borrowed for the time of parseDocument.
+///
+/// Observation is Unobserved or Observed.
+template <class Observation>
 class DocumentParser
 {
 public:
@@ -54,7 +57,7 @@ private:
     unsigned int parseAttributes();
     void parseAttribute(unsigned int octet);
     void parseCharacterChunk(unsigned int octet);
-    void deliver(const StringParser::Content& content);
+    void deliver(const CharacterContent& content);
     bool endElements(unsigned int octet);
     bool endSecondHalf(unsigned int octet);
     void endElement();
@@ -64,8 +67,9 @@ private:
     BitStreamReader* _reader = nullptr;
     DocumentVocabulary* _vocabulary = nullptr;
     ParserHandlers _handlers;
-    StringParser _strings;
-    ItemParser _items;
+    Observation _observation;
+    StringParser<Observation> _strings;
+    ItemParser<Observation> _items;
 
     // Nesting costs heap, not stack: the elements that are open, and the prefixes that they declare.
     std::vector<OpenElement> _openElements;

@@ -28,7 +28,7 @@ ResolvedQualName::ResolvedQualName()
 FastInfosetParser::FastInfosetParser(DocumentVocabulary::VocabularyImpl impl)
     : _vocabulary(impl),
       _implementation(impl),
-      _documentParser(std::make_unique<DocumentParser>())
+      _documentParser(std::make_unique<DocumentParser<Unobserved>>())
 {
 }
 
@@ -36,7 +36,7 @@ FastInfosetParser::FastInfosetParser(const DocumentVocabulary& vocabulary)
     : _vocabulary(vocabulary),
       _implementation(vocabulary.implementation()),
       _preparedAlphabets(vocabulary.restrictedAlphabets()),
-      _documentParser(std::make_unique<DocumentParser>())
+      _documentParser(std::make_unique<DocumentParser<Unobserved>>())
 {
 }
 
@@ -91,6 +91,21 @@ void FastInfosetParser::setDocumentHandler(FISDocumentHandler* handler)
 FISDocumentHandler* FastInfosetParser::getDocumentHandler() const
 {
     return _documentHandler;
+}
+
+void FastInfosetParser::setStructureObserver(StructureObserver* observer)
+{
+    _structureObserver = observer;
+}
+
+StructureObserver* FastInfosetParser::getStructureObserver() const
+{
+    return _structureObserver;
+}
+
+unsigned long FastInfosetParser::octetOffset() const
+{
+    return _locator.octetOffset();
 }
 
 void FastInfosetParser::setFeature(const XML::XMLString& featureId, bool state)
@@ -168,7 +183,7 @@ void FastInfosetParser::parse(XML::InputSource* source)
         return;
     }
     BitStreamReader reader(*stream);
-    parseDocument(reader);
+    parseDocument(reader, source);
 }
 
 void FastInfosetParser::parse(const XML::XMLString& systemId)
@@ -191,16 +206,18 @@ void FastInfosetParser::parseMemoryNP(const char* xml, std::size_t size)
     parseDocument(reader);
 }
 
-void FastInfosetParser::parseDocument(BitStreamReader& reader)
+void FastInfosetParser::parseDocument(BitStreamReader& reader, const XML::InputSource* source)
 {
     if (_parsing)
         throw InvalidAccessException("the parser is parsing a document already");
-    const auto end = [](bool* parsing)
+    const auto end = [](FastInfosetParser* parser)
     {
-        *parsing = false;
+        parser->_locator.end();
+        parser->_parsing = false;
     };
-    const std::unique_ptr<bool, decltype(end)> parsing(&_parsing, end);
+    const std::unique_ptr<FastInfosetParser, decltype(end)> parsing(this, end);
     _parsing = true;
+    _locator.begin(reader, source);
 
     // The header resets the tables; the rest of what earlier documents brought goes here.
     if (_vocabulary.implementation() != _implementation)
@@ -213,8 +230,19 @@ void FastInfosetParser::parseDocument(BitStreamReader& reader)
     handlers.lexical = _lexicalHandler;
     handlers.dtd = _dtdHandler;
     handlers.document = _documentHandler;
+    handlers.observer = _structureObserver;
     handlers.namespacePrefixes = _namespacePrefixes;
-    _documentParser->parseDocument(reader, _vocabulary, handlers, _externalDepth);
+
+    if (_contentHandler)
+        _contentHandler->setDocumentLocator(&_locator);
+    if (!_structureObserver)
+    {
+        _documentParser->parseDocument(reader, _vocabulary, handlers, _externalDepth);
+        return;
+    }
+    if (!_observedParser)
+        _observedParser = std::make_unique<DocumentParser<Observed>>();
+    _observedParser->parseDocument(reader, _vocabulary, handlers, _externalDepth);
 }
 
 } // namespace Vesk::FastInfoset

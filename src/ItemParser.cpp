@@ -21,9 +21,13 @@ constexpr unsigned int UNPARSED_ENTITY = 0b1101000;
 
 // A terminator fills half an octet; what is in the other half is not looked at, but for some of its bits in the lists.
 constexpr unsigned int TERMINATOR = 0b1111;
+constexpr unsigned int HALF_OCTET = 4;
 
 // The first half of a processing instruction's octet, which is all that a document type declaration looks at.
 constexpr unsigned int PROCESSING_INSTRUCTION = 0b1110;
+
+using Part = StructureObserver::Part;
+using Structure = StructureObserver::Structure;
 
 const char FILE_NAME[] = "src/FastInfosetParser";
 
@@ -34,13 +38,15 @@ const std::string& orEmpty(const std::string* text)
 
 } // namespace
 
-void ItemParser::begin(BitStreamReader& reader, const ParserHandlers& handlers)
+template <class Observation>
+void ItemParser<Observation>::begin(BitStreamReader& reader, const ParserHandlers& handlers)
 {
     _reader = &reader;
     _handlers = handlers;
 }
 
-void ItemParser::parseDocumentChildren(const Decoder::OpenHeaderParts& parts)
+template <class Observation>
+void ItemParser<Observation>::parseDocumentChildren(const Decoder::OpenHeaderParts& parts)
 {
     if (parts.notations)
         parseNotations();
@@ -53,61 +59,80 @@ void ItemParser::parseDocumentChildren(const Decoder::OpenHeaderParts& parts)
         if (_reader->bitOffset() == 0)
             throw FISParseException("Unexpected end of stream while parsing character encoding scheme");
         Decoder::nonEmptyOctetString(*_reader, _buffer);
+        _observation.string(_buffer);
     }
     if (parts.standalone)
-        readOctet("Unexpected end of stream while parsing standalone flag");
+    {
+        const unsigned int octet = readOctet("Unexpected end of stream while parsing standalone flag");
+        _observation.flags(Part::STANDALONE, octet & 1);
+    }
     if (parts.version)
         _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::OTHER_STRING, _buffer);
 }
 
 // 110000sp and the notation, for each; 111100?? ends the list.
-void ItemParser::parseNotations()
+template <class Observation>
+void ItemParser<Observation>::parseNotations()
 {
+    _observation.start(Structure::NOTATIONS);
     for (;;)
     {
         const unsigned int octet = readOctet("Unexpected end of stream while parsing notation");
         if (octet >> 2 == NOTATION)
             parseNotation(octet);
         else if (octet >> 2 == TERMINATOR << 2)
-            return;
+            return endList(Structure::NOTATIONS);
         else
             Bugcheck::assertion("id == 60", FILE_NAME, __LINE__);
     }
 }
 
 // 1101000p and the entity, for each; 1111000? ends the list.
-void ItemParser::parseUnparsedEntities()
+template <class Observation>
+void ItemParser<Observation>::parseUnparsedEntities()
 {
+    _observation.start(Structure::UNPARSED_ENTITIES);
     for (;;)
     {
         const unsigned int octet = readOctet("Unexpected end of stream while parsing unparsed entity");
         if (octet >> 1 == UNPARSED_ENTITY)
             parseUnparsedEntity(octet);
         else if (octet >> 1 == TERMINATOR << 3)
-            return;
+            return endList(Structure::UNPARSED_ENTITIES);
         else
             Bugcheck::assertion("id == 120", FILE_NAME, __LINE__);
     }
 }
 
-void ItemParser::parseComment()
+template <class Observation>
+void ItemParser<Observation>::parseComment()
 {
+    _observation.start(Structure::COMMENT);
+    _observation.part(Part::START);
     const std::string& text = _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::OTHER_STRING, _buffer);
+    _observation.end(Structure::COMMENT);
     if (_handlers.lexical)
         _handlers.lexical->comment(text.data(), 0, textLength(text));
 }
 
-void ItemParser::parseProcessingInstruction()
+template <class Observation>
+void ItemParser<Observation>::parseProcessingInstruction()
 {
+    _observation.start(Structure::PROCESSING_INSTRUCTION);
+    _observation.part(Part::START);
     const std::string& target = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
     const std::string& data = _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::OTHER_STRING, _buffer);
+    _observation.end(Structure::PROCESSING_INSTRUCTION);
     if (_handlers.content)
         _handlers.content->processingInstruction(target, data);
 }
 
 // ??????sp: system identifier, public identifier. Behind them processing instructions and the terminator.
-unsigned int ItemParser::parseDocumentTypeDeclaration(unsigned int octet)
+template <class Observation>
+unsigned int ItemParser<Observation>::parseDocumentTypeDeclaration(unsigned int octet)
 {
+    _observation.start(Structure::DOCUMENT_TYPE_DECLARATION);
+    _observation.part(Part::START);
     const std::string* systemId = optionalURI((octet & 2) != 0);
     const std::string* publicId = optionalURI((octet & 1) != 0);
     if (_handlers.lexical)
@@ -121,53 +146,81 @@ unsigned int ItemParser::parseDocumentTypeDeclaration(unsigned int octet)
         for (; last >> 4 != TERMINATOR; last = readOctet(endOfStream))
             parseProcessingInstruction();
     }
+    _observation.part(Part::TERMINATOR, HALF_OCTET);
+    _observation.end(Structure::DOCUMENT_TYPE_DECLARATION);
     if (_handlers.lexical)
         _handlers.lexical->endDTD();
     return last;
 }
 
 // ??????sp: name, system identifier, public identifier.
-void ItemParser::parseUnexpandedEntityReference(unsigned int octet)
+template <class Observation>
+void ItemParser<Observation>::parseUnexpandedEntityReference(unsigned int octet)
 {
+    _observation.start(Structure::ENTITY_REFERENCE);
+    _observation.part(Part::START);
     _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
     optionalURI((octet & 2) != 0);
     optionalURI((octet & 1) != 0);
+    _observation.end(Structure::ENTITY_REFERENCE);
 }
 
 // ??????sp: name, system identifier, public identifier.
-void ItemParser::parseNotation(unsigned int octet)
+template <class Observation>
+void ItemParser<Observation>::parseNotation(unsigned int octet)
 {
+    _observation.start(Structure::NOTATION);
+    _observation.part(Part::START);
     const std::string& name = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
     const std::string* systemId = optionalURI((octet & 2) != 0);
     const std::string* publicId = optionalURI((octet & 1) != 0);
+    _observation.end(Structure::NOTATION);
     if (_handlers.dtd)
         _handlers.dtd->notationDecl(name, publicId, systemId);
 }
 
 // ???????p: name, system identifier, public identifier, notation name.
-void ItemParser::parseUnparsedEntity(unsigned int octet)
+template <class Observation>
+void ItemParser<Observation>::parseUnparsedEntity(unsigned int octet)
 {
+    _observation.start(Structure::UNPARSED_ENTITY);
+    _observation.part(Part::START);
     const std::string& name = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
     const std::string& systemId = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI);
     const std::string* publicId = optionalURI((octet & 1) != 0);
     const std::string& notationName = _strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_NCNAME);
+    _observation.end(Structure::UNPARSED_ENTITY);
     if (publicId && publicId->empty())
         publicId = nullptr;
     if (_handlers.dtd)
         _handlers.dtd->unparsedEntityDecl(name, publicId, systemId, notationName);
 }
 
-const std::string* ItemParser::optionalURI(bool isPresent)
+// The terminator of a list has the rest of its octet to itself.
+template <class Observation>
+void ItemParser<Observation>::endList(Structure structure)
+{
+    _observation.part(Part::TERMINATOR, HALF_OCTET);
+    _observation.part(Part::PADDING);
+    _observation.end(structure);
+}
+
+template <class Observation>
+const std::string* ItemParser<Observation>::optionalURI(bool isPresent)
 {
     return isPresent ? &_strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI) : nullptr;
 }
 
-unsigned int ItemParser::readOctet(const char* endOfStreamMessage)
+template <class Observation>
+unsigned int ItemParser<Observation>::readOctet(const char* endOfStreamMessage)
 {
     unsigned int octet = 0;
     if (!_reader->readOctet(octet))
         throw FISParseException(endOfStreamMessage);
     return octet;
 }
+
+template class ItemParser<Unobserved>;
+template class ItemParser<Observed>;
 
 } // namespace Vesk::FastInfoset

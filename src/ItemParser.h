@@ -2,6 +2,7 @@
 #ifndef VESK_FASTINFOSET_ITEMPARSER_H
 #define VESK_FASTINFOSET_ITEMPARSER_H
 
+#include "Observation.h"
 #include "ParserHandlers.h"
 #include "Vesk/FastInfoset/Decoder.h"
 #include <string>
@@ -9,6 +10,7 @@
 namespace Vesk::FastInfoset
 {
 
+template <class Observation>
 class StringParser;
 
 /// Reads the rarer information items and reports them: comments, processing instructions, the document type
@@ -16,11 +18,16 @@ class StringParser;
 ///
 /// Each operation starts behind the octet that identifies its structure (X.891 names them) or ends with it; where that
 /// octet says more, it is passed on.
+///
+/// Observation is Unobserved or Observed.
+template <class Observation>
 class ItemParser
 {
 public:
-    explicit ItemParser(StringParser& strings)
-        : _strings(strings)
+    /// Both are borrowed.
+    ItemParser(StringParser<Observation>& strings, Observation& observation)
+        : _strings(strings),
+          _observation(observation)
     {
     }
 
@@ -46,12 +53,14 @@ public:
 private:
     unsigned int readOctet(const char* endOfStreamMessage);
     const std::string* optionalURI(bool isPresent);
+    void endList(StructureObserver::Structure structure);
     void parseNotations();
     void parseNotation(unsigned int octet);
     void parseUnparsedEntities();
     void parseUnparsedEntity(unsigned int octet);
 
-    StringParser& _strings;
+    StringParser<Observation>& _strings;
+    Observation& _observation;
     BitStreamReader* _reader = nullptr;
     ParserHandlers _handlers;
     std::string _buffer; // text that is in no table

@@ -14,6 +14,7 @@ namespace Vesk::FastInfoset
 
 class FISContentHandler;
 class FISDocumentHandler;
+class StructureObserver;
 
 /// Where the events of one document go. Each handler is borrowed and may be null.
 struct ParserHandlers
@@ -23,6 +24,7 @@ struct ParserHandlers
     XML::LexicalHandler* lexical = nullptr;
     XML::DTDHandler* dtd = nullptr;
     FISDocumentHandler* document = nullptr;
+    StructureObserver* observer = nullptr; // not null for a parser that is observed
     bool namespacePrefixes = true;
 };
 

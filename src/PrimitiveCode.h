@@ -4,6 +4,7 @@
 
 #include "Vesk/FastInfoset/BitStreamReader.h"
 #include "Vesk/FastInfoset/FISParseException.h"
+#include <limits>
 
 /// The codes of integers and string lengths, by the bit of an octet on which they start.
 ///
@@ -16,6 +17,13 @@ namespace Vesk::FastInfoset::PrimitiveCode
 [[noreturn]] inline void throwEndOfInteger()
 {
     throw FISParseException("Unexpected end of stream while reading integer");
+}
+
+/// The reader moves to the end, as it does when the end comes up in a stream: there the octets before it are gone.
+[[noreturn]] inline void throwEndOfString(BitStreamReader& reader)
+{
+    reader.skip(std::numeric_limits<unsigned long>::max());
+    throw FISParseException("Unexpected end of stream while reading octet string");
 }
 
 /// The form that ends on the second octet: leading bits in the group, 8 bits more, plus what the shorter forms leave.

@@ -13,14 +13,8 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-// The forms of an encoded character string, by its first two bits (X.891 C.19).
-enum Discriminant : unsigned char
-{
-    UTF8 = 0,
-    UTF16 = 1,
-    RESTRICTED_ALPHABET = 2,
-    ENCODING_ALGORITHM = 3
-};
+using Form = StructureObserver::Form;
+using Table = StructureObserver::Table;
 
 constexpr unsigned int LITERAL_NAME = 0xF; // four bits, where an index would start
 
@@ -28,7 +22,8 @@ constexpr DocumentVocabulary::ID CHUNKS = DocumentVocabulary::CONTENT_CHARACTER_
 
 } // namespace
 
-void StringParser::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary)
+template <class Observation>
+void StringParser<Observation>::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary)
 {
     _reader = &reader;
     _vocabulary = &vocabulary;
@@ -38,78 +33,131 @@ void StringParser::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary
     _attributeNames.begin(vocabulary.attributeNames(), vocabulary);
 }
 
-const std::string& StringParser::parseIdentifyingStringOrIndex(DocumentVocabulary::ID table)
+template <class Observation>
+const std::string& StringParser<Observation>::parseIdentifyingStringOrIndex(DocumentVocabulary::ID table)
 {
-    return value(table, parseIndex(table));
+    const std::string& text = value(table, parseIndex(table));
+    _observation.string(table, &text);
+    return text;
 }
 
 //   1iiiiiii    an index
 //   0nnnnnnn    a literal of that length
 //
 // The index of either.
-unsigned int StringParser::parseIndex(DocumentVocabulary::ID table)
+template <class Observation>
+unsigned int StringParser<Observation>::parseIndex(DocumentVocabulary::ID table)
 {
     const unsigned int octet = readOctet("Unexpected end of stream while parsing identifying string or index");
     if ((octet & 0x80) != 0)
-        return PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
-
+    {
+        const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
+        _observation.indexed(index);
+        return index;
+    }
     readString(PrimitiveCode::stringLength(*_reader, octet & 0x7F, 7), _literal);
     bool existed = false;
-    return _vocabulary->vocabulary(table).index(_literal, existed);
+    const unsigned int index = _vocabulary->vocabulary(table).index(_literal, existed);
+    _observation.added(index);
+    return index;
 }
 
 //   ??iiiiii    an index
 //   ??1111pn    a literal: prefix present, namespace name present
-const ResolvedName& StringParser::parseElementName(unsigned int octet)
+template <class Observation>
+const ResolvedName& StringParser<Observation>::parseElementName(unsigned int octet)
 {
     const unsigned int group = octet & 0x3F;
     if (group >> 2 != LITERAL_NAME)
-        return _elementNames.name(PrimitiveCode::integerOnThirdBit(*_reader, group));
+    {
+        const unsigned int index = PrimitiveCode::integerOnThirdBit(*_reader, group);
+        const ResolvedName& name = _elementNames.name(index);
+        _observation.indexedName(Table::ELEMENT_NAME, index, name);
+        return name;
+    }
+    _observation.literalName(Table::ELEMENT_NAME);
     bool existed = false;
-    return _elementNames.name(_vocabulary->elementNames().index(parseLiteralName(octet), existed));
+    const unsigned int index = _vocabulary->elementNames().index(parseLiteralName(octet), existed);
+    const ResolvedName& name = _elementNames.name(index);
+    _observation.addedName(Table::ELEMENT_NAME, index, name);
+    return name;
 }
 
 //   ?iiiiiii    an index
 //   ?1111?pn    a literal: prefix present, namespace name present
-const ResolvedName& StringParser::parseAttributeName(unsigned int octet)
+template <class Observation>
+const ResolvedName& StringParser<Observation>::parseAttributeName(unsigned int octet)
 {
     const unsigned int group = octet & 0x7F;
     if (group >> 3 != LITERAL_NAME)
-        return _attributeNames.name(PrimitiveCode::integerOnSecondBit(*_reader, group));
+    {
+        const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, group);
+        const ResolvedName& name = _attributeNames.name(index);
+        _observation.indexedName(Table::ATTRIBUTE_NAME, index, name);
+        return name;
+    }
+    _observation.literalName(Table::ATTRIBUTE_NAME);
     bool existed = false;
-    return _attributeNames.name(_vocabulary->attributeNames().index(parseLiteralName(octet), existed));
+    const unsigned int index = _vocabulary->attributeNames().index(parseLiteralName(octet), existed);
+    const ResolvedName& name = _attributeNames.name(index);
+    _observation.addedName(Table::ATTRIBUTE_NAME, index, name);
+    return name;
 }
 
 // Behind the octet with the mark: prefix and namespace name, as far as its last two bits announce them, and local name.
-QualifiedNameEntry StringParser::parseLiteralName(unsigned int octet)
+template <class Observation>
+QualifiedNameEntry StringParser<Observation>::parseLiteralName(unsigned int octet)
 {
-    const unsigned int prefix = (octet & 2) != 0 ? parseIndex(DocumentVocabulary::PREFIX) : 0;
-    const unsigned int namespaceName = (octet & 1) != 0 ? parseIndex(DocumentVocabulary::NAMESPACE_NAME) : 0;
-    return QualifiedNameEntry(prefix, namespaceName, parseIndex(DocumentVocabulary::LOCAL_NAME));
+    const unsigned int prefix = (octet & 2) != 0 ? parseNamePart(DocumentVocabulary::PREFIX) : 0;
+    const unsigned int namespaceName = (octet & 1) != 0 ? parseNamePart(DocumentVocabulary::NAMESPACE_NAME) : 0;
+    return QualifiedNameEntry(prefix, namespaceName, parseNamePart(DocumentVocabulary::LOCAL_NAME));
+}
+
+// Indexes beyond their table are found out when the name is complete.
+template <class Observation>
+inline unsigned int StringParser<Observation>::parseNamePart(DocumentVocabulary::ID table)
+{
+    const unsigned int index = parseIndex(table);
+    if constexpr (Observation::ENABLED)
+        _observation.string(table, index < _entries[table]->size() ? &(*_entries[table])[index] : nullptr);
+    return index;
 }
 
 //   1iiiiiii    an index
 //   0assssss    an encoded character string that is added to the table or not
-const std::string& StringParser::parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table, std::string& buffer)
+template <class Observation>
+const std::string& StringParser<Observation>::parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table,
+                                                                                  std::string& buffer)
 {
     const unsigned int octet = readOctet("Unexpected end of stream while parsing non identifying string or index");
     if ((octet & 0x80) != 0)
-        return value(table, PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F));
-
+    {
+        const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
+        const std::string& text = value(table, index);
+        _observation.indexed(index);
+        _observation.string(table, &text);
+        return text;
+    }
     const AutoPtr<Encoding> typed = parseEncodedCharacterString(octet, 6, buffer);
     if (typed)
         typed->text(buffer);
-    return (octet & 0x40) != 0 ? enter(table, buffer) : buffer;
+    const std::string& text = (octet & 0x40) != 0 ? enter(table, buffer) : buffer;
+    _observation.string(table, &text);
+    return text;
 }
 
 //   ??1iiiii    an index
 //   ??0assss    an encoded character string that is added to the table or not
-StringParser::Content StringParser::parseCharacterChunk(unsigned int octet)
+template <class Observation>
+CharacterContent StringParser<Observation>::parseCharacterChunk(unsigned int octet)
 {
-    Content content;
+    CharacterContent content;
     if ((octet & 0x20) != 0)
     {
-        content.text = &value(CHUNKS, PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F));
+        const unsigned int index = PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F);
+        content.text = &value(CHUNKS, index);
+        _observation.indexed(index);
+        _observation.string(CHUNKS, content.text);
         return content;
     }
 
@@ -125,6 +173,11 @@ StringParser::Content StringParser::parseCharacterChunk(unsigned int octet)
         content.value->text(_text);
         enter(CHUNKS, _text);
     }
+    else if (Observation::ENABLED && content.value)
+    {
+        content.value->text(_text); // which nobody but the observer needs
+    }
+    _observation.string(CHUNKS, content.value ? &_text : content.text);
     return content;
 }
 
@@ -136,40 +189,46 @@ StringParser::Content StringParser::parseCharacterChunk(unsigned int octet)
 //   11iiii    and four bits more: an algorithm's index, then its own data           11ii and six bits more
 //
 // Returns the value of an algorithm, or null and the text.
-AutoPtr<Encoding> StringParser::parseEncodedCharacterString(unsigned int octet, int numOfBits, std::string& text)
+template <class Observation>
+AutoPtr<Encoding> StringParser<Observation>::parseEncodedCharacterString(unsigned int octet, int numOfBits,
+                                                                         std::string& text)
 {
     const int groupBits = numOfBits - 2;
     const unsigned int group = octet & (0xFFu >> (8 - groupBits));
-    switch ((octet >> groupBits) & 3)
+    switch (static_cast<Form>((octet >> groupBits) & 3))
     {
-    case UTF8:
+    case Form::UTF8:
         readString(PrimitiveCode::stringLength(*_reader, group, groupBits), text);
         break;
-    case UTF16:
+    case Form::UTF16:
         readString(PrimitiveCode::stringLength(*_reader, group, groupBits), _octets);
         StringDecoder::decodeUTF16(_octets, text);
+        _observation.form(Form::UTF16);
         break;
-    case RESTRICTED_ALPHABET:
+    case Form::RESTRICTED_ALPHABET:
     {
         _reader->unread(static_cast<unsigned int>(groupBits));
         const unsigned int index = PrimitiveCode::smallInteger(*_reader);
         Decoder::nonEmptyOctetString(*_reader, _octets);
         StringDecoder::decodeAlphabet(_octets, std::as_const(*_vocabulary).restrictedAlphabets().alphabet(index), text);
+        _observation.form(Form::RESTRICTED_ALPHABET, index);
         break;
     }
-    case ENCODING_ALGORITHM:
+    case Form::ENCODING_ALGORITHM:
     {
         _reader->unread(static_cast<unsigned int>(groupBits));
         const unsigned int index = PrimitiveCode::smallInteger(*_reader);
         AutoPtr<Encoding> value = _vocabulary->decodingAlgorithm().decoding(index)(*_reader);
         _reader->align();
+        _observation.form(Form::ENCODING_ALGORITHM, index);
         return value;
     }
     }
     return AutoPtr<Encoding>();
 }
 
-inline unsigned int StringParser::readOctet(const char* endOfStreamMessage)
+template <class Observation>
+inline unsigned int StringParser<Observation>::readOctet(const char* endOfStreamMessage)
 {
     unsigned int octet = 0;
     if (!_reader->readOctet(octet))
@@ -177,23 +236,31 @@ inline unsigned int StringParser::readOctet(const char* endOfStreamMessage)
     return octet;
 }
 
-inline void StringParser::readString(unsigned long octetCount, std::string& octets)
+template <class Observation>
+inline void StringParser<Observation>::readString(unsigned long octetCount, std::string& octets)
 {
     if (!_reader->read(octets, octetCount))
-        throw FISParseException("Unexpected end of stream while reading octet string");
+        PrimitiveCode::throwEndOfString(*_reader);
 }
 
-inline const std::string& StringParser::value(DocumentVocabulary::ID table, unsigned int index) const
+template <class Observation>
+inline const std::string& StringParser<Observation>::value(DocumentVocabulary::ID table, unsigned int index) const
 {
     const VerbTable<std::string>& entries = *_entries[table];
     // Beyond the end the table itself throws what its implementation throws.
     return index < entries.size() ? entries[index] : _vocabulary->vocabulary(table).value(index);
 }
 
-const std::string& StringParser::enter(DocumentVocabulary::ID table, const std::string& text)
+template <class Observation>
+const std::string& StringParser<Observation>::enter(DocumentVocabulary::ID table, const std::string& text)
 {
     bool existed = false;
-    return value(table, _vocabulary->vocabulary(table).index(text, existed));
+    const unsigned int index = _vocabulary->vocabulary(table).index(text, existed);
+    _observation.added(index);
+    return value(table, index);
 }
+
+template class StringParser<Unobserved>;
+template class StringParser<Observed>;
 
 } // namespace Vesk::FastInfoset

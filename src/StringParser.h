@@ -2,6 +2,7 @@
 #ifndef VESK_FASTINFOSET_STRINGPARSER_H
 #define VESK_FASTINFOSET_STRINGPARSER_H
 
+#include "Observation.h"
 #include "ResolvedNames.h"
 #include "Vesk/AutoPtr.h"
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
@@ -13,6 +14,13 @@ namespace Vesk::FastInfoset
 
 class BitStreamReader;
 
+/// Character content: plain text, or a typed value if there is one. The text is good until the next read.
+struct CharacterContent
+{
+    const std::string* text = nullptr;
+    AutoPtr<Encoding> value;
+};
+
 /// Reads strings, names and character content: every text of a document is a literal or an index into a table of the
 /// vocabulary, and every literal is UTF-8, UTF-16, text in a restricted alphabet or a value of an encoding algorithm.
 ///
@@ -20,15 +28,17 @@ class BitStreamReader;
 ///
 /// Operations are named after the structures of X.891. All start on an octet boundary; those whose structure shares its
 /// first octet with what is before it take that octet, which the caller has read. All end on an octet boundary.
+///
+/// Observation is Unobserved or Observed.
+template <class Observation>
 class StringParser
 {
 public:
-    /// Plain text, or a typed value if there is one. The text is good until the next read.
-    struct Content
+    /// The observation is borrowed.
+    explicit StringParser(Observation& observation)
+        : _observation(observation)
     {
-        const std::string* text = nullptr;
-        AutoPtr<Encoding> value;
-    };
+    }
 
     /// Starts with the body of a document: the vocabulary is as its header has left it. Both are borrowed.
     void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary);
@@ -47,17 +57,19 @@ public:
     const std::string& parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table, std::string& buffer);
 
     /// Character content, in the last six bits of the octet (X.891 C.15). Typed values stay typed.
-    Content parseCharacterChunk(unsigned int octet);
+    CharacterContent parseCharacterChunk(unsigned int octet);
 
 private:
     unsigned int readOctet(const char* endOfStreamMessage);
     void readString(unsigned long octetCount, std::string& octets);
     unsigned int parseIndex(DocumentVocabulary::ID table);
+    unsigned int parseNamePart(DocumentVocabulary::ID table);
     QualifiedNameEntry parseLiteralName(unsigned int octet);
     AutoPtr<Encoding> parseEncodedCharacterString(unsigned int octet, int numOfBits, std::string& text);
     const std::string& value(DocumentVocabulary::ID table, unsigned int index) const;
     const std::string& enter(DocumentVocabulary::ID table, const std::string& text);
 
+    Observation& _observation;
     BitStreamReader* _reader = nullptr;
     DocumentVocabulary* _vocabulary = nullptr;
     const VerbTable<std::string>* _entries[DocumentVocabulary::CONTENT_CHARACTER_CHUNK + 1] = {};

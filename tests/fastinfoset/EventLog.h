@@ -36,6 +36,8 @@ public:
         afterEvent();
     }
 
+    const XML::Locator* locator() const { return _locator; }
+
     const std::string& events() const { return _events; }
 
     /// Makes the parser report everything here.
@@ -47,7 +49,7 @@ public:
         parser.setProperty(XML::XMLReader::PROPERTY_LEXICAL_HANDLER, static_cast<XML::LexicalHandler*>(this));
     }
 
-    void setDocumentLocator(const XML::Locator*) override { add("locator"); }
+    void setDocumentLocator(const XML::Locator* locator) override { _locator = locator; }
     void startDocument() override { add("start"); }
     void endDocument() override { add("end"); }
     void startElement(const std::string& uri, const std::string& localName, const std::string& qname,
@@ -129,6 +131,7 @@ private:
     static std::string optional(const std::string* id) { return id ? *id : "null"; }
 
     std::string _events;
+    const XML::Locator* _locator = nullptr;
     DocumentVocabulary _vocabulary{DocumentVocabulary::VOC_VECTOR};
 };
 

@@ -4,6 +4,7 @@
 
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
 #include "Vesk/FastInfoset/FastInfoset.h"
+#include "Vesk/FastInfoset/OctetLocator.h"
 #include "Vesk/FastInfoset/ResolvedQualName.h"
 #include "Vesk/XML/XMLReader.h"
 #include <cstddef>
@@ -21,11 +22,16 @@ namespace Vesk::FastInfoset
 {
 
 class BitStreamReader;
-class DocumentParser;
 class ExternalVocabulary;
 class FastInfosetWriter;
 class FISContentHandler;
 class FISDocumentHandler;
+class Observed;
+class StructureObserver;
+class Unobserved;
+
+template <class Observation>
+class DocumentParser;
 
 /// Turns a Fast Infoset document into SAX events.
 ///
@@ -40,7 +46,8 @@ class FISDocumentHandler;
 ///   - the qualified name of an element is "prefix:localName" where there is a prefix and the namespace-prefixes
 ///     feature is on (the default), and empty otherwise;
 ///   - the characters of a call are followed by a zero octet;
-///   - a document type declaration has no name, and entity references that were not expanded are dropped.
+///   - a document type declaration has no name, and entity references that were not expanded are dropped;
+///   - the locator, lent before the first event, is an OctetLocator.
 ///
 /// One parser serves one document at a time, any number of documents in turn, and one thread. It reads each document as
 /// a fresh parser would, also after one that failed half-way, with one exception: a parser that was given a vocabulary
@@ -111,6 +118,16 @@ public:
     void setDocumentHandler(FISDocumentHandler* handler);
     FISDocumentHandler* getDocumentHandler() const;
 
+    /// Sets who is told of every structure and its place in the document. The parser is slower then; without an observer,
+    /// which is the default, it costs nothing. The observer is borrowed; null takes it away.
+    void setStructureObserver(StructureObserver* observer);
+    StructureObserver* getStructureObserver() const;
+
+    /// How many octets of the document the parser has read: while it parses what OctetLocator::octetOffset tells, and
+    /// afterwards where the parse ended, the reason for a failure being in or right behind the octets read last. 0 before
+    /// the first parse.
+    unsigned long octetOffset() const;
+
     /// Makes the parser drive the writer: sets it as content, DTD and lexical handler and, if it is a FastInfosetWriter,
     /// as document handler. Does nothing for null.
     void initialize(XML::XMLWriter* writer);
@@ -122,7 +139,7 @@ private:
     template <typename Writer>
     void connect(Writer& writer, FISDocumentHandler* documentHandler);
     void* handlerProperty(const XML::XMLString& propertyId) const;
-    void parseDocument(BitStreamReader& reader);
+    void parseDocument(BitStreamReader& reader, const XML::InputSource* source = nullptr);
 
     XML::EntityResolver* _entityResolver = nullptr;
     XML::DTDHandler* _dtdHandler = nullptr;
@@ -132,6 +149,8 @@ private:
     XML::LexicalHandler* _lexicalHandler = nullptr;
     FISDocumentHandler* _documentHandler = nullptr;
     FISContentHandler* _typedContentHandler = nullptr; // the content handler, if it takes typed values
+    StructureObserver* _structureObserver = nullptr;
+    OctetLocator _locator;
     bool _namespacePrefixes = true;
     int _externalDepth = 0; // how many external vocabularies are being loaded around this parser
     bool _parsing = false;
@@ -140,7 +159,8 @@ private:
     // initial one adds alphabets.
     const DocumentVocabulary::VocabularyImpl _implementation;
     const DocumentRestrictedAlphabet _preparedAlphabets;
-    std::unique_ptr<DocumentParser> _documentParser;
+    std::unique_ptr<DocumentParser<Unobserved>> _documentParser;
+    std::unique_ptr<DocumentParser<Observed>> _observedParser; // made when it is needed
 };
 
 } // namespace Vesk::FastInfoset
