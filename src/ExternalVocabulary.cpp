@@ -45,7 +45,7 @@ DocumentVocabulary ExternalVocabulary::loadXML(std::istream& stream)
 {
     NullOutputStream nowhere;
     FastInfosetWriter writer(nowhere, false, DocumentVocabulary::VOC_MAP);
-    PrologHandler prolog(writer);
+    PrologHandler prolog(writer, writer, writer);
     XML::SAXParser parser;
     prolog.connect(parser);
     XML::InputSource source(stream);

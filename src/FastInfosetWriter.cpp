@@ -200,6 +200,7 @@ void FastInfosetWriter::writeText(const char* text, std::size_t octetCount)
     if (octetCount > 0)
     {
         _stream.complete(false);
+        _stream.write(0b10, 2);
         _strings->writeCharacterChunk({text, octetCount});
     }
     event.done();
@@ -272,6 +273,11 @@ void FastInfosetWriter::encodedData(double value)
 void FastInfosetWriter::encodedData(const UUID& value)
 {
     insertEncoding(new UUIDEncoding(value));
+}
+
+void FastInfosetWriter::encodedData(const AutoPtr<Encoding>& values)
+{
+    insertEncoding(values);
 }
 
 void FastInfosetWriter::insertEncoding(const AutoPtr<Encoding>& encoding)

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "PrologHandler.h"
-#include "Vesk/FastInfoset/FastInfosetWriter.h"
 #include "Vesk/XML/XMLReader.h"
 #include <string>
 #include <utility>
@@ -8,8 +7,10 @@
 namespace Vesk::FastInfoset
 {
 
-PrologHandler::PrologHandler(FastInfosetWriter& writer)
-    : _writer(writer)
+PrologHandler::PrologHandler(XML::ContentHandler& content, XML::LexicalHandler& lexical, XML::DTDHandler& dtd)
+    : _content(content),
+      _lexical(lexical),
+      _dtd(dtd)
 {
 }
 
@@ -43,89 +44,89 @@ void PrologHandler::setDocumentLocator(const XML::Locator*)
 
 void PrologHandler::startDocument()
 {
-    hold([this] { _writer.startDocument(); });
+    hold([this] { _content.startDocument(); });
 }
 
 void PrologHandler::endDocument()
 {
     endProlog();
-    _writer.endDocument();
+    _content.endDocument();
 }
 
 void PrologHandler::startElement(const XML::XMLString& uri, const XML::XMLString& localName,
                                  const XML::XMLString& qname, const XML::Attributes& attributes)
 {
     endProlog();
-    _writer.startElement(uri, localName, qname, attributes);
+    _content.startElement(uri, localName, qname, attributes);
 }
 
 void PrologHandler::endElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname)
 {
-    _writer.endElement(uri, localName, qname);
+    _content.endElement(uri, localName, qname);
 }
 
 void PrologHandler::characters(const XML::XMLChar ch[], int start, int length)
 {
-    _writer.characters(ch, start, length);
+    _content.characters(ch, start, length);
 }
 
 void PrologHandler::ignorableWhitespace(const XML::XMLChar ch[], int start, int length)
 {
-    _writer.ignorableWhitespace(ch, start, length);
+    _content.ignorableWhitespace(ch, start, length);
 }
 
 void PrologHandler::processingInstruction(const XML::XMLString& target, const XML::XMLString& data)
 {
     if (_inProlog)
-        hold([this, target, data] { _writer.processingInstruction(target, data); });
+        hold([this, target, data] { _content.processingInstruction(target, data); });
     else
-        _writer.processingInstruction(target, data);
+        _content.processingInstruction(target, data);
 }
 
 void PrologHandler::startPrefixMapping(const XML::XMLString& prefix, const XML::XMLString& uri)
 {
     endProlog();
-    _writer.startPrefixMapping(prefix, uri);
+    _content.startPrefixMapping(prefix, uri);
 }
 
 void PrologHandler::endPrefixMapping(const XML::XMLString& prefix)
 {
-    _writer.endPrefixMapping(prefix);
+    _content.endPrefixMapping(prefix);
 }
 
 void PrologHandler::skippedEntity(const XML::XMLString& name)
 {
-    _writer.skippedEntity(name);
+    _content.skippedEntity(name);
 }
 
 void PrologHandler::startDTD(const XML::XMLString& name, const XML::XMLString& publicId, const XML::XMLString& systemId)
 {
-    hold([this, name, publicId, systemId] { _writer.startDTD(name, publicId, systemId); });
+    hold([this, name, publicId, systemId] { _lexical.startDTD(name, publicId, systemId); });
 }
 
 void PrologHandler::endDTD()
 {
-    hold([this] { _writer.endDTD(); });
+    hold([this] { _lexical.endDTD(); });
 }
 
 void PrologHandler::startEntity(const XML::XMLString& name)
 {
-    _writer.startEntity(name);
+    _lexical.startEntity(name);
 }
 
 void PrologHandler::endEntity(const XML::XMLString& name)
 {
-    _writer.endEntity(name);
+    _lexical.endEntity(name);
 }
 
 void PrologHandler::startCDATA()
 {
-    _writer.startCDATA();
+    _lexical.startCDATA();
 }
 
 void PrologHandler::endCDATA()
 {
-    _writer.endCDATA();
+    _lexical.endCDATA();
 }
 
 void PrologHandler::comment(const XML::XMLChar ch[], int start, int length)
@@ -133,11 +134,11 @@ void PrologHandler::comment(const XML::XMLChar ch[], int start, int length)
     if (_inProlog)
     {
         const std::string text(ch + start, static_cast<std::size_t>(length));
-        hold([this, text] { _writer.comment(text.data(), 0, static_cast<int>(text.size())); });
+        hold([this, text] { _lexical.comment(text.data(), 0, static_cast<int>(text.size())); });
     }
     else
     {
-        _writer.comment(ch, start, length);
+        _lexical.comment(ch, start, length);
     }
 }
 
@@ -145,13 +146,13 @@ void PrologHandler::comment(const XML::XMLChar ch[], int start, int length)
 void PrologHandler::notationDecl(const XML::XMLString& name, const XML::XMLString* publicId,
                                  const XML::XMLString* systemId)
 {
-    _writer.notationDecl(name, publicId, systemId);
+    _dtd.notationDecl(name, publicId, systemId);
 }
 
 void PrologHandler::unparsedEntityDecl(const XML::XMLString& name, const XML::XMLString* publicId,
                                        const XML::XMLString& systemId, const XML::XMLString& notationName)
 {
-    _writer.unparsedEntityDecl(name, publicId, systemId, notationName);
+    _dtd.unparsedEntityDecl(name, publicId, systemId, notationName);
 }
 
 } // namespace Vesk::FastInfoset

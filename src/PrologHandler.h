@@ -16,8 +16,6 @@ class XMLReader;
 namespace Vesk::FastInfoset
 {
 
-class FastInfosetWriter;
-
 /// Stands between a reader of XML text and a FastInfosetWriter and brings the prolog into the writer's order.
 ///
 /// Text declares notations and unparsed entities behind the start of the document; the binary form has them in its
@@ -26,8 +24,8 @@ class FastInfosetWriter;
 class PrologHandler : public XML::ContentHandler, public XML::LexicalHandler, public XML::DTDHandler
 {
 public:
-    /// The writer is borrowed.
-    explicit PrologHandler(FastInfosetWriter& writer);
+    /// The writer, or what stands in front of it, is borrowed.
+    PrologHandler(XML::ContentHandler& content, XML::LexicalHandler& lexical, XML::DTDHandler& dtd);
 
     /// Makes the reader report namespaces as the writer wants them, and everything to this handler.
     void connect(XML::XMLReader& reader);
@@ -62,7 +60,9 @@ private:
     void hold(std::function<void()> event);
     void endProlog();
 
-    FastInfosetWriter& _writer;
+    XML::ContentHandler& _content;
+    XML::LexicalHandler& _lexical;
+    XML::DTDHandler& _dtd;
     bool _inProlog = true;
     std::vector<std::function<void()>> _held;
 };

@@ -124,6 +124,9 @@ public:
     void encodedData(float value) override;
     void encodedData(double value) override;
     void encodedData(const UUID& value) override;
+    /// Values of any kind: HexEncoding, which no other operation gives, or many of a kind at once. The object is shared
+    /// and takes in values of its kind that come next; leave it alone afterwards.
+    void encodedData(const AutoPtr<Encoding>& values);
     /// @}
 
     /// \name LexicalHandler
