@@ -200,7 +200,6 @@ void FastInfosetWriter::writeText(const char* text, std::size_t octetCount)
     if (octetCount > 0)
     {
         _stream.complete(false);
-        _stream.write(0b10, 2);
         _strings->writeCharacterChunk({text, octetCount});
     }
     event.done();
