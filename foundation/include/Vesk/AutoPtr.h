@@ -19,6 +19,7 @@ template <class C>
 class AutoPtr
 {
 public:
+    /// Null.
     AutoPtr() noexcept = default;
     AutoPtr(std::nullptr_t) noexcept {}
     /// Takes the caller's reference over.
@@ -53,6 +54,7 @@ public:
             _object->release();
     }
 
+    /// Gives the reference up and takes that of the other.
     AutoPtr& operator=(AutoPtr other) noexcept
     {
         std::swap(_object, other._object);

@@ -27,6 +27,7 @@ namespace Vesk
 class VESK_FOUNDATION_API Base64Decoder : public std::istream
 {
 public:
+    /// Borrows the source, which must outlive the decoder.
     explicit Base64Decoder(std::istream& source);
     ~Base64Decoder() override;
 

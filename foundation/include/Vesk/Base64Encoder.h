@@ -16,6 +16,7 @@ namespace Vesk
 class VESK_FOUNDATION_API Base64Encoder : public std::ostream
 {
 public:
+    /// Borrows the target, which must outlive the encoder.
     explicit Base64Encoder(std::ostream& target);
     /// Closes. Whoever needs to know whether that succeeded calls close().
     ~Base64Encoder() override;

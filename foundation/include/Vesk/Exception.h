@@ -25,6 +25,7 @@ public:
     Exception(const std::string& message, const std::string& argument, int code = 0);
     Exception(const std::string& message, const Exception& nested, int code = 0);
 
+    /// A copy has a copy of the nested exception.
     Exception(const Exception& other);
     Exception& operator=(const Exception& other);
     ~Exception() override;
@@ -34,9 +35,11 @@ public:
     /// The name of the class, without its namespace: "IOException".
     virtual const char* className() const noexcept;
 
+    /// The message alone, with its argument; empty if there is none.
     const std::string& message() const noexcept { return _message; }
     /// The exception that caused this one, or null. It lives as long as this object.
     const Exception* nested() const noexcept { return _nested.get(); }
+    /// The code that the thrower gave, 0 by default.
     int code() const noexcept { return _code; }
 
     /// "name: message", or the name alone when there is no message.

@@ -17,6 +17,7 @@ namespace Vesk
 class VESK_FOUNDATION_API HexBinaryDecoder : public std::istream
 {
 public:
+    /// Borrows the source, which must outlive the decoder.
     explicit HexBinaryDecoder(std::istream& source);
     ~HexBinaryDecoder() override;
 

@@ -14,6 +14,7 @@ namespace Vesk
 class VESK_FOUNDATION_API HexBinaryEncoder : public std::ostream
 {
 public:
+    /// Borrows the target, which must outlive the encoder.
     explicit HexBinaryEncoder(std::ostream& target);
     /// Closes. Whoever needs to know whether that succeeded calls close().
     ~HexBinaryEncoder() override;

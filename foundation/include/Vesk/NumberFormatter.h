@@ -16,6 +16,7 @@ class VESK_FOUNDATION_API NumberFormatter
 public:
     NumberFormatter() = delete;
 
+    /// The text of a number, by itself.
     template <class Number>
     static std::string format(Number value)
     {
@@ -24,6 +25,7 @@ public:
         return text;
     }
 
+    /// Adds the text of the number to the end.
     static void append(std::string& text, int value);
     static void append(std::string& text, unsigned value);
     static void append(std::string& text, long value);

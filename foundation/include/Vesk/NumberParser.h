@@ -20,6 +20,7 @@ class VESK_FOUNDATION_API NumberParser
 public:
     NumberParser() = delete;
 
+    /// An integer of the type of value.
     static bool tryParse(std::string_view text, int& value, char thousandsSeparator = ',');
     static bool tryParse64(std::string_view text, long& value, char thousandsSeparator = ',');
 

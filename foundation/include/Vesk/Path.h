@@ -13,6 +13,7 @@ namespace Vesk
 class VESK_FOUNDATION_API Path
 {
 public:
+    /// Takes the text as it is; nothing is looked up.
     explicit Path(std::string text)
         : _text(std::move(text))
     {

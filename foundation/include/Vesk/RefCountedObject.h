@@ -31,6 +31,7 @@ public:
             delete this;
     }
 
+    /// The number of references. With several owners it may have changed when it is looked at.
     int referenceCount() const noexcept { return _referenceCount.load(std::memory_order_relaxed); }
 
 protected:

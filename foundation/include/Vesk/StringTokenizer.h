@@ -19,18 +19,23 @@ namespace Vesk
 class VESK_FOUNDATION_API StringTokenizer
 {
 public:
+    /// Stands at a token, or behind the last one.
     class VESK_FOUNDATION_API Iterator
     {
     public:
+        /// What the standard library asks of an input iterator.
         using iterator_category = std::input_iterator_tag;
         using value_type = std::string_view;
         using difference_type = std::ptrdiff_t;
         using pointer = const std::string_view*;
         using reference = const std::string_view&;
 
+        /// The token. Requires: not behind the last one.
         reference operator*() const noexcept { return _token; }
         pointer operator->() const noexcept { return &_token; }
+        /// Moves to the next token. Requires: not behind the last one.
         Iterator& operator++() noexcept;
+        /// Whether both stand at the same token of the same text.
         bool operator==(const Iterator& other) const noexcept { return _token.data() == other._token.data(); }
         bool operator!=(const Iterator& other) const noexcept { return !(*this == other); }
 
@@ -46,12 +51,14 @@ public:
         char _separator = 0;
     };
 
+    /// Borrows the text.
     StringTokenizer(std::string_view text, char separator) noexcept
         : _text(text),
           _separator(separator)
     {
     }
 
+    /// The range of the tokens.
     Iterator begin() const noexcept { return Iterator(_text, _separator); }
     Iterator end() const noexcept { return Iterator(); }
 

@@ -30,6 +30,7 @@ public:
     virtual std::size_t encode(int codePoint, char* target) const noexcept = 0;
 
 protected:
+    /// Whether the number is the code point of a character: no surrogate, and not beyond U+10FFFF.
     static constexpr bool isCharacter(int codePoint) noexcept
     {
         return codePoint >= 0 && codePoint <= 0x10FFFF && (codePoint < 0xD800 || codePoint > 0xDFFF);

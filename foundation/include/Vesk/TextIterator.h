@@ -19,6 +19,7 @@ namespace Vesk
 class VESK_FOUNDATION_API TextIterator
 {
 public:
+    /// What the standard library asks of an input iterator.
     using iterator_category = std::input_iterator_tag;
     using value_type = int;
     using difference_type = std::ptrdiff_t;
@@ -37,6 +38,7 @@ public:
     int operator*() const noexcept { return _codePoint; }
     TextIterator& operator++() noexcept;
 
+    /// Whether both stand at the same place of the same text.
     bool operator==(const TextIterator& other) const noexcept { return _position == other._position; }
     bool operator!=(const TextIterator& other) const noexcept { return _position != other._position; }
 

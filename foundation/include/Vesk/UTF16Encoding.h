@@ -12,12 +12,14 @@ namespace Vesk
 class VESK_FOUNDATION_API UTF16Encoding : public TextEncoding
 {
 public:
+    /// Which octet of two comes first.
     enum ByteOrder
     {
         BIG_ENDIAN_OCTETS,
         LITTLE_ENDIAN_OCTETS
     };
 
+    /// Big-endian by default, as Fast Infoset has it.
     explicit UTF16Encoding(ByteOrder byteOrder = BIG_ENDIAN_OCTETS) noexcept
         : _byteOrder(byteOrder)
     {

@@ -17,6 +17,7 @@ namespace Vesk
 class VESK_FOUNDATION_API UUID
 {
 public:
+    /// All 16, in order.
     using Octets = std::array<std::uint8_t, 16>;
 
     /// All octets 0.
@@ -36,6 +37,7 @@ public:
     std::string toString() const;
     const Octets& octets() const noexcept { return _octets; }
 
+    /// Compares octet by octet.
     bool operator==(const UUID& other) const noexcept { return _octets == other._octets; }
     bool operator!=(const UUID& other) const noexcept { return _octets != other._octets; }
     bool operator<(const UUID& other) const noexcept { return _octets < other._octets; }

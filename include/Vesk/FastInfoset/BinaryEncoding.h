@@ -46,6 +46,7 @@ public:
     /// Delivers the octets in one binaryData call.
     void handle(FISContentHandler* handler) const override;
 
+    /// Puts the digits into text.
     void text(std::string& text) const override;
 };
 

@@ -15,8 +15,10 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API BoolEncoding : public TypedEncoding<BoolEncoding, bool>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 6;
 
+    /// The texts of the values.
     static const std::string VAL_TRUE;
     static const std::string VAL_FALSE;
 

@@ -11,6 +11,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API CDataEncoding : public ContentEncoding<CDataEncoding>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 10;
 
     /// Copies the text. Throws FISEncodingException "Illegal empty string for CDataEncoding" if there is none.

@@ -25,8 +25,8 @@ public:
     /// Appends the other's content if it is of the same type.
     bool merge(const Encoding& other) override;
 
+    /// As in Encoding.
     void write(BitStreamWriter& writer) const override;
-
     DecodeMethod decodeMethod() const override;
     CheckMethod checkMethod() const override;
     EncodeMethod encodeMethod() const override;

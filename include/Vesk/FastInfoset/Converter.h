@@ -23,6 +23,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API Converter
 {
 public:
+    /// What may be asked of a conversion to Fast Infoset.
     enum Options
     {
         /// Drops white space between tags (XML::WhitespaceFilter).

@@ -17,6 +17,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API DWordEncoding : public BinaryEncoding<DWordEncoding, Base64Encoder, Base64Decoder>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 2;
 
     using BinaryEncoding::BinaryEncoding;

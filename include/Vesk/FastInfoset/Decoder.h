@@ -56,6 +56,7 @@ public:
     /// The components that follow the initial vocabulary, in the order in which they follow.
     struct OpenHeaderParts
     {
+        /// Whether the component is there.
         bool notations = false;
         bool unparsedEntities = false;
         bool characterEncodingScheme = false;
@@ -96,9 +97,13 @@ public:
     /// \name Tables of the initial vocabulary
     /// Each entry takes the next free index of the table. An entry that the table holds already is a failed check.
     /// @{
+
+    /// A table of strings that are literals.
     static void handleVocabulary(BitStreamReader& reader, Vocabulary<std::string>& table, Observed* observed = nullptr);
+    /// A table of strings that may be encoded.
     static void handleEncodedCharacterStringVoc(BitStreamReader& reader, Vocabulary<std::string>& table,
                                                 DocumentVocabulary& vocabulary, Observed* observed = nullptr);
+    /// A table of names.
     static void handleNameSurrogatesVoc(BitStreamReader& reader, Vocabulary<QualifiedNameEntry>& table,
                                         Observed* observed = nullptr);
     /// @}

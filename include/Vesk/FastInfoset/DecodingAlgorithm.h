@@ -12,6 +12,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API DecodingAlgorithm
 {
 public:
+    /// The function that decodes values of the algorithm with this index.
     Encoding::DecodeMethod decoding(unsigned int index) const;
 };
 

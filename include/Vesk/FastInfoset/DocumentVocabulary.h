@@ -52,6 +52,7 @@ public:
         VOC_VECTOR = 2
     };
 
+    /// Asks for an empty shell.
     enum DontInitialize
     {
         DONT_INITIALIZE
@@ -66,6 +67,7 @@ public:
     /// An empty shell without tables: its tables must not be accessed until it is reset or assigned to.
     explicit DocumentVocabulary(DontInitialize);
 
+    /// Copies or takes over everything, tables included.
     DocumentVocabulary(const DocumentVocabulary& other);
     DocumentVocabulary(DocumentVocabulary&& other) noexcept;
     ~DocumentVocabulary();
@@ -105,15 +107,16 @@ public:
     DocumentRestrictedAlphabet& restrictedAlphabets() { return _restrictedAlphabets; }
     const DocumentRestrictedAlphabet& restrictedAlphabets() const { return _restrictedAlphabets; }
 
+    /// The registries of encoding and of decoding functions, which are the same in every vocabulary.
     EncodingAlgorithm& encodingAlgorithm() { return _encodingAlgorithm; }
     const EncodingAlgorithm& encodingAlgorithm() const { return _encodingAlgorithm; }
-
     DecodingAlgorithm& decodingAlgorithm() { return _decodingAlgorithm; }
     const DecodingAlgorithm& decodingAlgorithm() const { return _decodingAlgorithm; }
 
     /// The URI of the external vocabulary that this one stands for; empty if none.
     const std::string& externalVocabularyURI() const { return _externalVocabularyURI; }
 
+    /// How the tables are implemented.
     VocabularyImpl implementation() const { return _implementation; }
 
 private:

@@ -14,6 +14,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API DoubleEncoding : public NumericEncoding<DoubleEncoding, double>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 8;
 
     using NumericEncoding::NumericEncoding;

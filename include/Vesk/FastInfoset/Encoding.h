@@ -38,6 +38,7 @@ class VESK_FASTINFOSET_API Encoding // NOLINT(cppcoreguidelines-virtual-class-de
     : public RefCountedObject
 {
 public:
+    /// The types of the static functions above.
     using DecodeMethod = AutoPtr<Encoding> (*)(BitStreamReader& reader);
     using CheckMethod = int (*)(const std::string& text);
     using EncodeMethod = void (*)(BitStreamWriter& writer, const std::string& text);
@@ -53,6 +54,7 @@ public:
     /// octet boundary afterwards.
     virtual void write(BitStreamWriter& writer) const = 0;
 
+    /// The static functions of the object's class.
     virtual DecodeMethod decodeMethod() const = 0;
     virtual CheckMethod checkMethod() const = 0;
     virtual EncodeMethod encodeMethod() const = 0;

@@ -15,6 +15,7 @@ public:
     /// The first index that X.891 leaves to users. No algorithm can be registered there.
     static constexpr unsigned int USER_DEFINED = 32;
 
+    /// The functions of the algorithm with this index that encode and check text.
     Encoding::EncodeMethod encoding(unsigned int index) const;
     Encoding::CheckMethod check(unsigned int index) const;
 

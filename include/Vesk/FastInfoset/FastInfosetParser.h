@@ -61,8 +61,10 @@ class DocumentParser;
 class VESK_FASTINFOSET_API FastInfosetParser : public XML::XMLReader
 {
 public:
+    /// The strings of a qualified name.
     using ResolvedQualName = FastInfoset::ResolvedQualName;
 
+    /// ""
     static const std::string EMPTY_STRING;
     /// "xmlns"
     static const std::string XMLNS;

@@ -154,8 +154,12 @@ public:
 
     /// \name Convenience
     /// @{
+
+    /// The whole string as text; it ends at a zero octet, if there is one.
     void characters(const std::string& text);
+    /// An element without attributes.
     void startElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname);
+    /// Start and end of an element in one call.
     void emptyElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname);
     void emptyElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname,
                       const XML::Attributes& attributes);

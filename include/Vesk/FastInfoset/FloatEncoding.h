@@ -15,6 +15,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API FloatEncoding : public NumericEncoding<FloatEncoding, float>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 7;
 
     using NumericEncoding::NumericEncoding;

@@ -17,6 +17,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API HexEncoding : public BinaryEncoding<HexEncoding, HexBinaryEncoder, HexBinaryDecoder>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 1;
 
     using BinaryEncoding::BinaryEncoding;

@@ -30,8 +30,10 @@ public:
     /// Leaves the reserved entry 0 and nothing else. Costs what the entries dropped cost, and nothing if there is none.
     void reset();
 
+    /// The entries in the order they were added.
     const VerbTable<T>& entries() const { return _entries; }
 
+    /// Number of entries, a reserved entry 0 included.
     unsigned int size() const { return _entries.size(); }
 
 private:

@@ -11,6 +11,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API IntEncoding : public NumericEncoding<IntEncoding, int>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 4;
 
     using NumericEncoding::decode;

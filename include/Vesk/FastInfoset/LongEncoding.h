@@ -11,6 +11,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API LongEncoding : public NumericEncoding<LongEncoding, long>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 5;
 
     using NumericEncoding::NumericEncoding;

@@ -15,6 +15,7 @@ class VESK_FASTINFOSET_API Notation
 public:
     Notation() = default;
 
+    /// A notation with this name and these identifiers.
     Notation(std::string name, std::string publicId, std::string systemId)
         : _name(std::move(name)),
           _publicId(std::move(publicId)),
@@ -22,6 +23,7 @@ public:
     {
     }
 
+    /// What the document declares; an absent identifier is empty.
     const std::string& name() const { return _name; }
     const std::string& publicId() const { return _publicId; }
     const std::string& systemId() const { return _systemId; }

@@ -11,6 +11,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API NullEncoding : public ContentEncoding<NullEncoding>
 {
 public:
+    /// The index of the algorithm; 0 stands for plain text.
     static constexpr int TYPE = 0;
 
     /// No text yet, but room for 1024 octets: meant to be filled through content() again and again.

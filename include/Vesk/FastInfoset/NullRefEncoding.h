@@ -13,6 +13,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API NullRefEncoding : public NullEncoding
 {
 public:
+    /// Borrows the text, which must stay as long as the object.
     explicit NullRefEncoding(const std::string& text);
     explicit NullRefEncoding(const std::string&& text) = delete;
 

@@ -20,9 +20,12 @@ public:
     using TypedEncoding<Class, Value>::TypedEncoding;
 
 protected:
+    /// Appends the text of one value.
     static void appendValue(std::string& text, Value value);
+    /// The octets that this many values take.
     static std::size_t octetCount(std::size_t valueCount) { return valueCount * sizeof(Value); }
 
+    /// Reads and writes values, length first.
     static void readValues(BitStreamReader& reader, std::vector<Value>& values);
     static void writeValues(BitStreamWriter& writer, const std::vector<Value>& values);
 

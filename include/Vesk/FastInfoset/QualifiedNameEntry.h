@@ -15,8 +15,10 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API QualifiedNameEntry
 {
 public:
+    /// All parts absent.
     QualifiedNameEntry() = default;
 
+    /// The three indexes.
     QualifiedNameEntry(unsigned int prefix, unsigned int namespaceName, unsigned int localName)
         : _prefix(prefix),
           _namespaceName(namespaceName),

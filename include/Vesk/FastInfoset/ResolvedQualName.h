@@ -17,6 +17,7 @@ struct VESK_FASTINFOSET_API ResolvedQualName
     /// All three parts empty.
     ResolvedQualName();
 
+    /// The three parts; never null.
     const std::string* prefix;
     const std::string* namespaceName;
     const std::string* localName;

@@ -11,6 +11,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API ShortEncoding : public NumericEncoding<ShortEncoding, short>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 3;
 
     using NumericEncoding::NumericEncoding;

@@ -26,6 +26,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API StructureObserver
 {
 public:
+    /// What parts belong to.
     enum class Structure
     {
         DOCUMENT,
@@ -87,6 +88,7 @@ public:
     /// Bits of the document that say one thing. Which members mean something depends on the kind.
     struct Part
     {
+        /// What the bits say, and which members mean something.
         enum Kind
         {
             XML_DECLARATION, ///< text
@@ -103,22 +105,25 @@ public:
             PADDING
         };
 
-        Kind kind;
-        unsigned long beginBit; ///< counted from the first bit of the first octet handed to the parser
-        unsigned long endBit;   ///< the bit behind the part
-        unsigned long value = 0;
-        Table table = Table::NONE; ///< a string with Table::NONE and Indexing::LITERAL never enters one
-        Indexing indexing = Indexing::LITERAL;
-        unsigned int index = 0;
+        Kind kind;                              ///< what the bits say
+        unsigned long beginBit;                 ///< counted from the first bit of the first octet handed to the parser
+        unsigned long endBit;                   ///< the bit behind the part
+        unsigned long value = 0;                ///< of flags, counts and standalone
+        Table table = Table::NONE;              ///< a string with Table::NONE and Indexing::LITERAL never enters one
+        Indexing indexing = Indexing::LITERAL;  ///< of a string or name
+        unsigned int index = 0;                 ///< in the table
         Form form = Form::UTF8;                 ///< of a literal
         unsigned int formIndex = 0;             ///< of its alphabet or algorithm
         const std::string* text = nullptr;      ///< of typed values their text; null if an index has no entry
         const ResolvedQualName* name = nullptr; ///< null if a part of the name has no entry
     };
 
+    /// Enclose the parts and structures that belong to a structure.
     virtual void startStructure(Structure structure) = 0;
-    virtual void part(const Part& part) = 0;
     virtual void endStructure(Structure structure) = 0;
+
+    /// The next part of the document.
+    virtual void part(const Part& part) = 0;
 
     virtual ~StructureObserver() = default;
 };

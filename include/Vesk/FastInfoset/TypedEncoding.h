@@ -53,13 +53,14 @@ public:
     /// The same, handing over a new object whose content string is up to date.
     static AutoPtr<Encoding> decode(BitStreamReader& reader);
 
+    /// The values, in order. Valid until the object changes.
     const std::vector<Value>& values() const { return _values; }
 
     /// Appends the other's values if it is of the same type. The content string stays as it was.
     bool merge(const Encoding& other) override;
 
+    /// As in Encoding.
     void write(BitStreamWriter& writer) const override;
-
     DecodeMethod decodeMethod() const override;
     CheckMethod checkMethod() const override;
     EncodeMethod encodeMethod() const override;
@@ -68,10 +69,12 @@ public:
     void handle(FISContentHandler* handler) const override;
     using Encoding::handle;
 
+    /// As in Encoding.
     void createContent() override;
     void text(std::string& text) const override;
 
 protected:
+    /// Replaces text by the values' text, joined by spaces.
     static void toText(const std::vector<Value>& values, std::string& text);
 
 private:

@@ -16,6 +16,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API UUIDEncoding : public TypedEncoding<UUIDEncoding, UUID>
 {
 public:
+    /// The index of the algorithm.
     static constexpr int TYPE = 9;
 
     using TypedEncoding::TypedEncoding;

@@ -15,6 +15,7 @@ class VESK_FASTINFOSET_API UnparsedEntity
 public:
     UnparsedEntity() = default;
 
+    /// An entity with this name, these identifiers and the name of its notation.
     UnparsedEntity(std::string name, std::string publicId, std::string systemId, std::string notationName)
         : _name(std::move(name)),
           _publicId(std::move(publicId)),
@@ -23,6 +24,7 @@ public:
     {
     }
 
+    /// What the document declares; an absent public identifier is empty.
     const std::string& name() const { return _name; }
     const std::string& publicId() const { return _publicId; }
     const std::string& systemId() const { return _systemId; }

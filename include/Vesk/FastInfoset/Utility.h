@@ -13,6 +13,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API Utility
 {
 public:
+    /// The widths of integers in bits.
     static constexpr int SIZEOFCHARINBIT = 8;
     static constexpr int SIZEOFINT16INBIT = 16;
     static constexpr int SIZEOFINT32INBIT = 32;

@@ -25,6 +25,7 @@ template <class T>
 class VerbTable
 {
 public:
+    /// An empty table. A copy has copies of the entries.
     VerbTable() { _chunks[0] = _firstChunk.data(); }
     VerbTable(const VerbTable& other);
     ~VerbTable() { releaseChunks(1); }
@@ -46,8 +47,10 @@ public:
     /// The entry at this index. Throws std::out_of_range "index out of range" if there is none.
     const T& at(unsigned int index) const;
 
+    /// Number of entries.
     unsigned int size() const { return _size; }
 
+    /// Whether there is no entry.
     bool empty() const { return _size == 0; }
 
 private:

@@ -41,6 +41,7 @@ public:
     /// Number of entries, a reserved entry 0 included.
     virtual unsigned int size() const = 0;
 
+    /// Whether there is no entry, not even a reserved one.
     virtual bool empty() const = 0;
 
     /// A new table of the same kind with the entries of this table that the other does not hold, in their order and
@@ -56,6 +57,7 @@ public:
     Vocabulary& operator=(const Vocabulary&) = delete;
 
 protected:
+    /// For the tables that derive from it.
     Vocabulary() = default;
     Vocabulary(const Vocabulary&) = default;
 };

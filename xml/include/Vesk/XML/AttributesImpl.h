@@ -17,7 +17,9 @@ namespace Vesk::XML
 class VESK_XML_API AttributesImpl : public Attributes
 {
 public:
+    /// An empty set.
     AttributesImpl() = default;
+    /// Copies the attributes and their strings.
     AttributesImpl(const Attributes& attributes);
     AttributesImpl(const AttributesImpl& attributes);
     AttributesImpl& operator=(const AttributesImpl& attributes);
@@ -54,6 +56,7 @@ public:
         _attributes.push_back({&uri, &localName, &qname, &type, &value});
     }
 
+    /// Removes an attribute; those behind it move up.
     void removeAttribute(int index);
 
     /// Removes all attributes. The memory of the set and of its own strings is kept for what is added next.

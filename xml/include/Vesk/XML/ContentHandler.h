@@ -24,6 +24,7 @@ public:
     /// Lends a locator that is good until endDocument.
     virtual void setDocumentLocator(const Locator* locator) = 0;
 
+    /// The start and the end of the document. The end is not reported when the parse fails.
     virtual void startDocument() = 0;
     virtual void endDocument() = 0;
 
@@ -38,6 +39,7 @@ public:
     virtual void characters(const XMLChar ch[], int start, int length) = 0;
     virtual void ignorableWhitespace(const XMLChar ch[], int start, int length) = 0;
 
+    /// A processing instruction; the data is empty if there is none.
     virtual void processingInstruction(const XMLString& target, const XMLString& data) = 0;
 
     /// A namespace declaration of the element that starts next. The default namespace has the empty prefix; an empty

@@ -11,7 +11,9 @@ namespace Vesk::XML
 class VESK_XML_API DTDHandler
 {
 public:
+    /// A declaration of a notation.
     virtual void notationDecl(const XMLString& name, const XMLString* publicId, const XMLString* systemId) = 0;
+    /// A declaration of an entity that is not XML, but of a kind that the notation names.
     virtual void unparsedEntityDecl(const XMLString& name, const XMLString* publicId, const XMLString& systemId,
                                     const XMLString& notationName) = 0;
 

@@ -12,6 +12,7 @@ class SAXException;
 class VESK_XML_API ErrorHandler
 {
 public:
+    /// What does not keep the reader from going on.
     virtual void warning(const SAXException& exception) = 0;
     virtual void error(const SAXException& exception) = 0;
     /// The document is not well-formed; the reader throws this exception after the call.

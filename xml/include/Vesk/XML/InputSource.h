@@ -11,10 +11,14 @@ namespace Vesk::XML
 class VESK_XML_API InputSource
 {
 public:
+    /// Nothing to read yet; the setters name it.
     InputSource() = default;
+    /// What the system identifier leads to.
     explicit InputSource(const XMLString& systemId);
+    /// A stream of octets, which is borrowed.
     explicit InputSource(std::istream& byteStream);
 
+    /// The public identifier, for messages only.
     void setPublicId(const XMLString& publicId);
     const XMLString& getPublicId() const { return _publicId; }
 

@@ -15,6 +15,7 @@ public:
     virtual void startDTD(const XMLString& name, const XMLString& publicId, const XMLString& systemId) = 0;
     virtual void endDTD() = 0;
 
+    /// Between these two calls lies the replacement text of an entity.
     virtual void startEntity(const XMLString& name) = 0;
     virtual void endEntity(const XMLString& name) = 0;
 

@@ -24,6 +24,7 @@ namespace Vesk::XML
 class VESK_XML_API NamespaceSupport
 {
 public:
+    /// Prefixes, in alphabetical order.
     using PrefixSet = std::set<XMLString>;
 
     NamespaceSupport();

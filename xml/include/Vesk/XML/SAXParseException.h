@@ -23,6 +23,7 @@ public:
     int getLineNumber() const { return _lineNumber; }
     int getColumnNumber() const { return _columnNumber; }
 
+    /// As in Exception.
     const char* name() const noexcept override;
     const char* className() const noexcept override;
     Exception* clone() const override;

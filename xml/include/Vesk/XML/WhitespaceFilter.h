@@ -19,7 +19,9 @@ namespace Vesk::XML
 class VESK_XML_API WhitespaceFilter : public XMLFilterImpl, public LexicalHandler
 {
 public:
+    /// Without a parent at first.
     WhitespaceFilter() = default;
+    /// Borrows the parent.
     explicit WhitespaceFilter(XMLReader* parent);
 
     using XMLFilterImpl::setProperty;

@@ -10,6 +10,7 @@ namespace Vesk::XML
 class VESK_XML_API XMLFilter : public XMLReader
 {
 public:
+    /// The parent, or null.
     virtual XMLReader* getParent() const = 0;
     virtual void setParent(XMLReader* parent) = 0;
 };

@@ -22,7 +22,9 @@ class VESK_XML_API XMLFilterImpl : public XMLFilter,
                                    public ErrorHandler
 {
 public:
+    /// Without a parent at first.
     XMLFilterImpl() = default;
+    /// Borrows the parent.
     explicit XMLFilterImpl(XMLReader* parent);
     XMLFilterImpl(const XMLFilterImpl&) = delete;
     XMLFilterImpl& operator=(const XMLFilterImpl&) = delete;

@@ -20,6 +20,7 @@ class InputSource;
 class VESK_XML_API XMLReader
 {
 public:
+    /// The handlers, which are borrowed; null if there is none.
     virtual void setEntityResolver(EntityResolver* resolver) = 0;
     virtual EntityResolver* getEntityResolver() const = 0;
     virtual void setDTDHandler(DTDHandler* handler) = 0;
@@ -38,6 +39,7 @@ public:
     virtual void setProperty(const XMLString& propertyId, void* value) = 0;
     virtual void* getProperty(const XMLString& propertyId) const = 0;
 
+    /// Parses a whole document: what the source holds, or what the system identifier leads to.
     virtual void parse(InputSource* source) = 0;
     virtual void parse(const XMLString& systemId) = 0;
     /// Parses a document in memory, which is borrowed for the call.
@@ -45,8 +47,11 @@ public:
 
     virtual ~XMLReader();
 
+    /// Whether names are reported with namespace and local name.
     static const XMLString FEATURE_NAMESPACES;
+    /// Whether qualified names, and with some readers xmlns attributes, are reported.
     static const XMLString FEATURE_NAMESPACE_PREFIXES;
+    /// Whether external entities are read, in content and in document type declarations.
     static const XMLString FEATURE_EXTERNAL_GENERAL_ENTITIES;
     static const XMLString FEATURE_EXTERNAL_PARAMETER_ENTITIES;
 

@@ -45,6 +45,7 @@ class XMLOutput;
 class VESK_XML_API XMLWriter : public ContentHandler, public LexicalHandler, public DTDHandler
 {
 public:
+    /// What may be asked of a writer.
     enum Options
     {
         /// None of the others: nothing is added to the document.

@@ -1,0 +1,20 @@
+#!/bin/bash
+# SPDX-License-Identifier: MIT
+#
+# Makes the reference of the API from the public headers, in build/docs/. A public name without a comment is an error.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/install-packages.sh docs
+
+output=build/docs
+version=$(sed -n 's/^ *VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt)
+rm -rf "$output"
+mkdir -p "$output"
+{
+    cat docs/Doxyfile
+    echo "PROJECT_NUMBER = $version"
+    echo "OUTPUT_DIRECTORY = $output"
+    echo "WARN_AS_ERROR = FAIL_ON_WARNINGS"
+} | doxygen -
+echo "The reference is $output/index.html."
