@@ -3,6 +3,7 @@
 #define VESK_FASTINFOSET_BINARYENCODINGIMPL_H
 
 #include "ContentEncodingImpl.h"
+#include "PrimitiveCode.h"
 #include "Vesk/FastInfoset/BinaryEncoding.h"
 #include "Vesk/MemoryInputStream.h"
 #include <sstream>
@@ -70,6 +71,22 @@ void BinaryEncoding<Class, TextEncoder, TextDecoder>::decode(BitStreamReader& re
     std::string octets;
     Decoder::nonEmptyOctetString(reader, octets);
     decode(octets, text);
+}
+
+template <class Class, class TextEncoder, class TextDecoder>
+void BinaryEncoding<Class, TextEncoder, TextDecoder>::deliver(BitStreamReader& reader, FISContentHandler& handler)
+{
+    unsigned long octetCount = 0;
+    Decoder::nonEmptyStringLength(reader, octetCount);
+    if (const char* const octets = reader.takeOctets(octetCount))
+    {
+        handler.binaryData(octets, octetCount);
+        return;
+    }
+    std::string octets;
+    if (!reader.read(octets, octetCount))
+        PrimitiveCode::throwEndOfString(reader);
+    handler.binaryData(octets.data(), octets.size());
 }
 
 template <class Class, class TextEncoder, class TextDecoder>

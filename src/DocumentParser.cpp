@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "DocumentParser.h"
+#include "PrimitiveCode.h"
 #include "TextLength.h"
 #include "Vesk/FastInfoset/CDataEncoding.h"
 #include "Vesk/FastInfoset/Decoder.h"
@@ -28,6 +29,8 @@ constexpr unsigned int HALF_OCTET = 4;
 constexpr unsigned int ELEMENT_NAME_BITS = 6;
 constexpr unsigned int ATTRIBUTE_NAME_BITS = 7;
 constexpr unsigned int CHUNK_BITS = 6;
+constexpr unsigned int NEW_VALUE_MASK = 0x3C; // of the bits of a chunk: not indexed, not to be, and the form
+constexpr unsigned int NEW_VALUE = 0x0C;      // a value of an encoding algorithm
 
 constexpr unsigned int NAMESPACE_ATTRIBUTES = 0x38; // in the six bits where an element's name would start
 
@@ -85,6 +88,7 @@ void DocumentParser<Observation>::parseHeader(int externalDepth)
 
     _strings.begin(*_reader, *_vocabulary);
     _items.begin(*_reader, _handlers);
+    _typedDelivery.begin(_handlers.typedContent);
     _items.parseDocumentChildren(parts);
     _observation.end(Structure::HEADER);
 }
@@ -252,6 +256,8 @@ void DocumentParser<Observation>::parseAttribute(unsigned int octet)
 template <class Observation>
 void DocumentParser<Observation>::parseCharacterChunk(unsigned int octet)
 {
+    if (!Observation::ENABLED && (octet & NEW_VALUE_MASK) == NEW_VALUE && deliverTyped())
+        return;
     _observation.start(Structure::CHARACTER_CHUNK);
     _observation.part(Part::START, CHUNK_BITS);
     const CharacterContent content = _strings.parseCharacterChunk(octet);
@@ -262,6 +268,21 @@ void DocumentParser<Observation>::parseCharacterChunk(unsigned int octet)
         _handlers.content->characters(content.text->data(), 0, textLength(*content.text));
 }
 
+// Numbers and octets on the short way, behind the algorithm's index in the last two bits of the octet and six more.
+// Returns false, and stands where it stood, if it is not for this value.
+template <class Observation>
+bool DocumentParser<Observation>::deliverTyped()
+{
+    if (!_typedDelivery.isPossible())
+        return false;
+    _reader->unread(2);
+    const unsigned int algorithm = PrimitiveCode::smallInteger(*_reader);
+    if (_typedDelivery.deliver(*_reader, algorithm))
+        return true;
+    _reader->unread(6);
+    return false;
+}
+
 // A typed value; how it reaches the handler is its own matter.
 template <class Observation>
 void DocumentParser<Observation>::deliver(const CharacterContent& content)
@@ -270,7 +291,7 @@ void DocumentParser<Observation>::deliver(const CharacterContent& content)
     if (isCDATA)
         _handlers.lexical->startCDATA();
     if (_handlers.typedContent)
-        content.value->handle(_handlers.typedContent);
+        _typedDelivery.deliver(*content.value);
     else
         content.value->handle(_handlers.content);
     if (isCDATA)

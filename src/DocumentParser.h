@@ -5,6 +5,7 @@
 #include "ItemParser.h"
 #include "ParserHandlers.h"
 #include "StringParser.h"
+#include "TypedDelivery.h"
 #include "Vesk/XML/AttributesImpl.h"
 #include <cstddef>
 #include <deque>
@@ -57,6 +58,7 @@ private:
     unsigned int parseAttributes();
     void parseAttribute(unsigned int octet);
     void parseCharacterChunk(unsigned int octet);
+    bool deliverTyped();
     void deliver(const CharacterContent& content);
     bool endElements(unsigned int octet);
     bool endSecondHalf(unsigned int octet);
@@ -70,6 +72,7 @@ private:
     Observation _observation;
     StringParser<Observation> _strings;
     ItemParser<Observation> _items;
+    TypedDelivery _typedDelivery;
 
     // Nesting costs heap, not stack: the elements that are open, and the prefixes that they declare.
     std::vector<OpenElement> _openElements;

@@ -7,6 +7,7 @@
 #include "TypedEncodingImpl.h"
 #include "Vesk/FastInfoset/Decoder.h"
 #include "Vesk/FastInfoset/Encoder.h"
+#include "Vesk/FastInfoset/FISArrayHandler.h"
 #include "Vesk/FastInfoset/NumericEncoding.h"
 #include "Vesk/NumberFormatter.h"
 #include "Vesk/NumberParser.h"
@@ -56,20 +57,87 @@ template <class Class, typename Value>
 template <class SizeException>
 void NumericEncoding<Class, Value>::readValuesOrThrow(BitStreamReader& reader, std::vector<Value>& values)
 {
+    readOctets(reader, readSize<SizeException>(reader), values);
+}
+
+template <class Class, typename Value>
+template <class SizeException>
+unsigned long NumericEncoding<Class, Value>::readSize(BitStreamReader& reader)
+{
     unsigned long octetCount = 0;
     Decoder::nonEmptyStringLength(reader, octetCount);
     if (octetCount % sizeof(Value) != 0)
         throw SizeException(Class::SIZE_MESSAGE);
+    return octetCount;
+}
 
+template <class Class, typename Value>
+void NumericEncoding<Class, Value>::readOctets(BitStreamReader& reader, unsigned long octetCount,
+                                               std::vector<Value>& values)
+{
+    if (const char* const octets = reader.takeOctets(octetCount))
+    {
+        values.resize(octetCount / sizeof(Value));
+        convert(octets, values.data(), values.size());
+        return;
+    }
     readOctetBlocks(reader, octetCount, Class::VALUE_NAME,
                     [&values](const char* octets, std::size_t blockOctets)
                     {
                         const std::size_t oldCount = values.size();
                         values.resize(oldCount + blockOctets / sizeof(Value));
-                        for (auto value = values.begin() + static_cast<std::ptrdiff_t>(oldCount); value != values.end();
-                             ++value, octets += sizeof(Value))
-                            *value = fromBigEndian<Value>(octets);
+                        convert(octets, values.data() + oldCount, values.size() - oldCount);
                     });
+}
+
+template <class Class, typename Value>
+void NumericEncoding<Class, Value>::convert(const char* octets, Value* values, std::size_t count)
+{
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = fromBigEndian<Value>(octets + i * sizeof(Value));
+}
+
+template <class Class, typename Value>
+void NumericEncoding<Class, Value>::deliver(BitStreamReader& reader, FISContentHandler& handler,
+                                            FISArrayHandler* arrayHandler)
+{
+    const unsigned long octetCount = readSize<FISEncodingException>(reader);
+    const std::size_t count = octetCount / sizeof(Value);
+    const char* const octets = reader.takeOctets(octetCount);
+    if (!octets)
+    {
+        std::vector<Value> values;
+        readOctets(reader, octetCount, values);
+        if (arrayHandler)
+            arrayHandler->encodedArray(values.data(), count);
+        for (std::size_t i = 0; i < count && !arrayHandler; ++i)
+            handler.encodedData(values[i]);
+    }
+    else if (arrayHandler)
+    {
+        deliverArrays(octets, count, *arrayHandler);
+    }
+    else
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            handler.encodedData(fromBigEndian<Value>(octets + i * sizeof(Value)));
+    }
+}
+
+// In arrays that stay in the processor's cache.
+template <class Class, typename Value>
+void NumericEncoding<Class, Value>::deliverArrays(const char* octets, std::size_t count, FISArrayHandler& handler)
+{
+    constexpr std::size_t ARRAY_SIZE = OCTET_BLOCK_SIZE / sizeof(Value);
+    Value values[ARRAY_SIZE];
+    while (count > 0)
+    {
+        const std::size_t arrayCount = std::min(count, ARRAY_SIZE);
+        convert(octets, values, arrayCount);
+        handler.encodedArray(values, arrayCount);
+        octets += arrayCount * sizeof(Value);
+        count -= arrayCount;
+    }
 }
 
 template <class Class, typename Value>

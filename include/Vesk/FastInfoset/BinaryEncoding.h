@@ -40,6 +40,9 @@ public:
     /// Reads octets, length first, and replaces text with their digits.
     static void decode(BitStreamReader& reader, std::string& text);
 
+    /// Reads octets, length first, and delivers them in one binaryData call, without making an object.
+    static void deliver(BitStreamReader& reader, FISContentHandler& handler);
+
     /// Delivers the digits as characters.
     void handle(XML::ContentHandler* handler) const override;
 

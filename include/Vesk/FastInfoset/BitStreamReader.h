@@ -54,6 +54,10 @@ public:
     /// asked for only at the end of input.
     unsigned long readOctets(char* target, unsigned long octetCount);
 
+    /// Moves past the next octetCount octets and returns where they lie, good until the next read. Returns null, and does
+    /// not move, if they do not all lie in the buffer. Requires: an octet boundary.
+    const char* takeOctets(unsigned long octetCount);
+
     /// Moves past numOfBits bits without looking at them, at most to the end of input.
     void skip(unsigned long numOfBits);
 
@@ -161,6 +165,15 @@ inline void BitStreamReader::advance(unsigned long numOfBits)
     const unsigned long bits = _bitOffset + numOfBits;
     _next += bits / 8;
     _bitOffset = bits % 8;
+}
+
+inline const char* BitStreamReader::takeOctets(unsigned long octetCount)
+{
+    if (octetCount > unreadOctets())
+        return nullptr;
+    const char* const octets = reinterpret_cast<const char*>(_next);
+    _next += octetCount;
+    return octets;
 }
 
 inline void BitStreamReader::unread(unsigned int numOfBits)

@@ -15,7 +15,7 @@ namespace Vesk::FastInfoset
 /// Set on a FastInfosetParser it receives character content that the document stores with a built-in encoding
 /// algorithm through the calls below, in document order: one encodedData call a value, one binaryData call a block of
 /// octets. Plain text, the text of CDATA sections and text that the document repeats by index arrive through
-/// characters() as ever; attribute values are always text.
+/// characters() as ever; attribute values are always text. For long rows of numbers see FISArrayHandler.
 class VESK_FASTINFOSET_API FISContentHandler : public XML::ContentHandler
 {
 public:

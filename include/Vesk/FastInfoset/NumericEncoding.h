@@ -8,6 +8,8 @@
 namespace Vesk::FastInfoset
 {
 
+class FISArrayHandler;
+
 /// What the encodings of numbers have in common: each number is stored in the octets of its type, most significant
 /// octet first, integers in two's complement and floating-point numbers as their IEEE 754 bits, one after the other
 /// without separators (X.891 clause 10).
@@ -18,6 +20,11 @@ class VESK_FASTINFOSET_API NumericEncoding : public TypedEncoding<Class, Value>
 {
 public:
     using TypedEncoding<Class, Value>::TypedEncoding;
+
+    /// Reads the values of one encoded character string, as decode does, and delivers them without making an object:
+    /// in arrays to arrayHandler, or one by one to handler if that is null. Nothing is delivered before all octets have
+    /// been read.
+    static void deliver(BitStreamReader& reader, FISContentHandler& handler, FISArrayHandler* arrayHandler);
 
 protected:
     /// Appends the text of one value.
@@ -32,6 +39,13 @@ protected:
     /// Reads values, reporting a length that is no multiple of the octets of one value with a SizeException.
     template <class SizeException>
     static void readValuesOrThrow(BitStreamReader& reader, std::vector<Value>& values);
+
+private:
+    template <class SizeException>
+    static unsigned long readSize(BitStreamReader& reader);
+    static void readOctets(BitStreamReader& reader, unsigned long octetCount, std::vector<Value>& values);
+    static void convert(const char* octets, Value* values, std::size_t count);
+    static void deliverArrays(const char* octets, std::size_t count, FISArrayHandler& handler);
 };
 
 } // namespace Vesk::FastInfoset
