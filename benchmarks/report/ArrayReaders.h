@@ -19,8 +19,10 @@ public:
 /// expat, std::from_chars for numbers, the project's own decoder for base64. The array is borrowed.
 std::unique_ptr<ArrayReader> makeTextArrayReader(const TypedArray& array);
 
-/// FastInfosetParser with a handler that takes typed values. The array is borrowed.
+/// FastInfosetParser with a handler that takes typed values: octets in one block, numbers one by one or in arrays. The
+/// array is borrowed.
 std::unique_ptr<ArrayReader> makeFISArrayReader(const TypedArray& array);
+std::unique_ptr<ArrayReader> makeFISBlockReader(const TypedArray& array);
 
 } // namespace Vesk::Benchmarks
 

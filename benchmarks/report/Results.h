@@ -37,7 +37,8 @@ struct ArrayResult
     std::size_t xmlOctets = 0;
     std::size_t fisOctets = 0;
     double textCost = 0;
-    double fisCost = 0;
+    double fisCost = 0;   ///< value by value
+    double blockCost = 0; ///< in blocks
 };
 
 /// A row that could not take part in an item.

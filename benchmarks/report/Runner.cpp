@@ -85,16 +85,18 @@ void Runner::run(const TypedArray& array)
 {
     const std::unique_ptr<ArrayReader> text = makeTextArrayReader(array);
     const std::unique_ptr<ArrayReader> fis = makeFISArrayReader(array);
+    const std::unique_ptr<ArrayReader> blocks = makeFISBlockReader(array);
     const ArrayTally tally = text->read();
-    if (!(tally == fis->read()) || tally.count != TypedArray::VALUE_COUNT)
+    if (!(tally == fis->read()) || !(tally == blocks->read()) || tally.count != TypedArray::VALUE_COUNT)
         throw DataFormatException("Text and typed values differ", array.name);
 
-    const std::vector<double> costs = _meter.measure({[&text] { text->read(); },
-                                                      [&fis]
+    const std::vector<double> costs = _meter.measure({[&text] { text->read(); }, [&fis] { fis->read(); },
+                                                      [&blocks]
                                                       {
-                                                          fis->read();
+                                                          blocks->read();
                                                       }});
-    _results.arrays.push_back({array.name, array.goal, array.xml.size(), array.fis.size(), costs[0], costs[1]});
+    _results.arrays.push_back(
+        {array.name, array.goal, array.xml.size(), array.fis.size(), costs[0], costs[1], costs[2]});
 }
 
 } // namespace Vesk::Benchmarks

@@ -4,7 +4,6 @@
 #include "Vesk/Base64Encoder.h"
 #include "Vesk/FastInfoset/FastInfosetWriter.h"
 #include "Vesk/NumberFormatter.h"
-#include <cstring>
 #include <random>
 #include <sstream>
 
@@ -91,35 +90,6 @@ std::vector<TypedArray> typedArrays()
         numbers(TypedArray::DOUBLE, "double", 20, randomValues<double>(reals)),
         base64(30, std::string(data.begin(), data.end())),
     };
-}
-
-void ArrayTally::add(int value)
-{
-    ++count;
-    bits += static_cast<std::uint64_t>(value);
-}
-
-void ArrayTally::add(float value)
-{
-    std::uint32_t pattern = 0;
-    std::memcpy(&pattern, &value, sizeof pattern);
-    ++count;
-    bits += pattern;
-}
-
-void ArrayTally::add(double value)
-{
-    std::uint64_t pattern = 0;
-    std::memcpy(&pattern, &value, sizeof pattern);
-    ++count;
-    bits += pattern;
-}
-
-void ArrayTally::addOctets(const char* octets, std::size_t octetCount)
-{
-    count += octetCount;
-    for (std::size_t i = 0; i < octetCount; ++i)
-        bits += static_cast<unsigned char>(octets[i]);
 }
 
 bool operator==(const ArrayTally& left, const ArrayTally& right)
