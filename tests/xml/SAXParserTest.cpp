@@ -580,6 +580,50 @@ TEST(SAXParserTest, AnExternalSubsetNeedsItsOwnFeature)
     EXPECT_EQ(resolver.lent, 0);
 }
 
+TEST(SAXParserTest, WarnsOfReferencesInAttributesThatReadAsNothing)
+{
+    class Handler : public XMLFilterImpl
+    {
+    public:
+        void warning(const SAXException& exception) override { told += exception.message() + "\n"; }
+        std::string told;
+    };
+    static const struct
+    {
+        const char* content;
+        const char* warnings;
+    } CASES[] = {
+        {"<a b='&known;&amp;&#38;gone;'>&gone;</a>", ""},
+        {"<a b='1&gone;2'/>", "&gone; 2 1\n"},
+        {"<a>\n<b x='' y='&lt;&gone;'/></a>", "&gone; 3 1\n"},
+        {"<a b='&outer;'><c d='&outer;'/></a>", "&lost; 2 1\n&lost; 2 16\n"},
+        {"<a>&tag;</a>", "&lost; 2 4\n"},
+        {"<?p &gone;?><a><!-- &gone; --><![CDATA[<b c='&gone;'/>]]></a>", ""},
+    };
+    for (const auto& c : CASES)
+    {
+        Handler handler;
+        SAXParser parser;
+        parser.setErrorHandler(&handler);
+        const std::string xml =
+            "<!DOCTYPE a SYSTEM 's' [<!ENTITY known 'k'><!ENTITY outer '&inner;'><!ENTITY inner '&lost;'>"
+            "<!ENTITY tag '<b c=\"&lost;\"/>'>]>\n" +
+            std::string(c.content);
+        parser.parseMemoryNP(xml.data(), xml.size());
+        std::string expected;
+        std::istringstream warnings(c.warnings);
+        std::string name;
+        std::string line;
+        std::string column;
+        while (warnings >> name >> line >> column)
+        {
+            expected += "the reference \"" + name + "\" in an attribute value cannot be expanded (line " + line +
+                        ", column " + column + ")\n";
+        }
+        EXPECT_EQ(handler.told, expected) << xml;
+    }
+}
+
 TEST(SAXParserTest, ErrorsInExternalEntitiesNameThem)
 {
     SAXParser parser;

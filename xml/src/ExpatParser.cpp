@@ -146,6 +146,8 @@ void ExpatParser::prepare(const XML_Char* encoding)
     _attributes.clear();
     _textOctets = 0;
     _inDoctype = false;
+    _hasDoctype = false;
+    _entities.clear();
     _externalDepth = 0;
     _nestingEntities = 0;
 }
@@ -284,6 +286,8 @@ void XMLCALL ExpatParser::onStartElement(void* self, const XML_Char* name, const
 void ExpatParser::startElement(const XML_Char* name, const XML_Char** attributes)
 {
     flushText();
+    if (_hasDoctype && _settings.errorHandler)
+        warnOfSkippedReference();
     const ExpandedNames::Entry& element = _names.find(name);
     _openElements.push_back(&element);
     collectAttributes(attributes);
@@ -425,17 +429,34 @@ int XMLCALL ExpatParser::onExternalEntity(XML_Parser expat, const XML_Char* cont
     return self->_failure ? XML_STATUS_ERROR : XML_STATUS_OK;
 }
 
-// The callback for an external entity does not name it, but on demand expat passes the text of the reference, "&name;",
-// to the default handler.
+// On demand expat passes the text of what it is just handling to the default handler.
+void ExpatParser::collectMarkup(XML_Parser expat)
+{
+    _markup.clear();
+    _isCollectingMarkup = true;
+    XML_DefaultCurrent(expat);
+    _isCollectingMarkup = false;
+}
+
+// The callback for an external entity does not name it, but its text, "&name;", does.
 void ExpatParser::skipReference(XML_Parser expat)
 {
-    _reference.clear();
-    _isCollectingReference = true;
-    XML_DefaultCurrent(expat);
-    _isCollectingReference = false;
+    collectMarkup(expat);
     flushText();
-    if (_settings.contentHandler && _reference.size() > 2)
-        _settings.contentHandler->skippedEntity(_reference.substr(1, _reference.size() - 2));
+    if (_settings.contentHandler && _markup.size() > 2)
+        _settings.contentHandler->skippedEntity(_markup.substr(1, _markup.size() - 2));
+}
+
+// Expat drops references in attribute values that it cannot expand, because not all declarations are read, and reports
+// nothing. The text of the tag still has them.
+void ExpatParser::warnOfSkippedReference()
+{
+    collectMarkup(_input->parser);
+    const XMLString name = _entities.findUndeclared(_markup);
+    if (!name.empty())
+        _settings.errorHandler->warning(
+            SAXParseException("the reference \"&" + name + ";\" in an attribute value cannot be expanded",
+                              getPublicId(), getSystemId(), getLineNumber(), getColumnNumber()));
 }
 
 void XMLCALL ExpatParser::onDefault(void* self, const XML_Char* text, int length)
@@ -443,8 +464,8 @@ void XMLCALL ExpatParser::onDefault(void* self, const XML_Char* text, int length
     guarded(self,
             [=](ExpatParser& parser)
             {
-                if (parser._isCollectingReference)
-                    parser._reference.append(text, static_cast<std::size_t>(length));
+                if (parser._isCollectingMarkup)
+                    parser._markup.append(text, static_cast<std::size_t>(length));
             });
 }
 
@@ -486,6 +507,7 @@ void XMLCALL ExpatParser::onStartDoctype(void* self, const XML_Char* name, const
             [=](ExpatParser& parser)
             {
                 parser._inDoctype = true;
+                parser._hasDoctype = true;
                 if (parser._settings.lexicalHandler)
                     parser._settings.lexicalHandler->startDTD(name, orEmpty(publicId), orEmpty(systemId));
             });
@@ -566,6 +588,8 @@ void XMLCALL ExpatParser::onEntity(void* self, const XML_Char* name, int isParam
                 {
                     const XMLString text(value, static_cast<std::size_t>(valueLength));
                     parser.countEntity(text, isParameterEntity);
+                    if (!isParameterEntity)
+                        parser._entities.declare(entityName, text);
                     if (parser._settings.declHandler)
                         parser._settings.declHandler->internalEntityDecl(entityName, text);
                 }

@@ -2,6 +2,7 @@
 #ifndef VESK_XML_EXPATPARSER_H
 #define VESK_XML_EXPATPARSER_H
 
+#include "DeclaredEntities.h"
 #include "ExpandedNames.h"
 #include "Vesk/XML/AttributesImpl.h"
 #include "Vesk/XML/Locator.h"
@@ -140,7 +141,9 @@ private:
     }
     void startNamespace(const XML_Char* prefix, const XML_Char* uri);
     void countEntity(const XMLString& text, bool isParameterEntity);
+    void collectMarkup(XML_Parser expat);
     void skipReference(XML_Parser expat);
+    void warnOfSkippedReference();
     bool readExternalEntity(const XML_Char* context, const XML_Char* systemId, const XML_Char* publicId);
     void parseExternalEntity(const XML_Char* context, const InputSource& source);
 
@@ -156,8 +159,10 @@ private:
     XMLString _text; // begins with the character data that has not been handed over yet
     std::size_t _textOctets = 0;
     bool _inDoctype = false;
-    XMLString _reference; // the text of a reference that is not resolved
-    bool _isCollectingReference = false;
+    bool _hasDoctype = false;
+    DeclaredEntities _entities;
+    XMLString _markup; // the text of the reference or tag that is being handled, on demand
+    bool _isCollectingMarkup = false;
     int _externalDepth = 0;
     int _nestingEntities = 0; // declared entities whose text refers to other entities
 };

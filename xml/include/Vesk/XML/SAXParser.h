@@ -15,8 +15,9 @@ namespace Vesk::XML
 /// handler, comments and the bounds of CDATA sections do not divide text.
 ///
 /// Comments inside the document type declaration are not reported. Attribute types are always "CDATA". A reference to
-/// an entity that is declared outside of what was read is reported as skippedEntity in content and reads as nothing in
-/// attribute values. ignorableWhitespace, startEntity and endEntity are never called.
+/// an entity that is declared outside of what was read is reported as skippedEntity in content; in attribute values it
+/// reads as nothing, and the error handler gets a warning, one for each start tag that has such a reference.
+/// ignorableWhitespace, startEntity and endEntity are never called.
 ///
 /// Features:
 /// - FEATURE_NAMESPACES: true, cannot be switched off.
