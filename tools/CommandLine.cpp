@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <iostream>
+#include <utility>
 
 // The only source that includes CLI11, whose templates take longer to compile than the rest of the tool.
 
@@ -36,7 +37,7 @@ public:
     void addArguments(const std::string& name, std::vector<std::string>& values,
                       const std::string& description) override
     {
-        takeOneEach(*_command.add_option(name, values, description)).option_text("...");
+        _command.add_option(name, values, description)->option_text("...");
     }
 
     void addFlag(const std::string& names, bool& value, const std::string& description) override
@@ -61,13 +62,11 @@ public:
     void addOption(const std::string& names, const std::string& valueName, std::vector<std::string>& values,
                    const std::string& description) override
     {
-        takeOneEach(*_command.add_option(names, values, description)).option_text(valueName);
+        // Otherwise the option would take the arguments behind its value, too.
+        _command.add_option(names, values, description)->allow_extra_args(false)->take_all()->option_text(valueName);
     }
 
 private:
-    // Otherwise an option would take the arguments behind its value, too, and "[a]" would be read as a list.
-    static CLI::Option& takeOneEach(CLI::Option& option) { return *option.allow_extra_args(false)->take_all(); }
-
     static std::string withDefault(const std::string& description, const std::string& value)
     {
         return value.empty() ? description : description + " (default " + value + ")";
@@ -84,7 +83,7 @@ void endParsing(const CLI::App& tool, const CLI::ParseError& end)
     tool.exit(end); // prints
     std::cout.flush();
     if (!std::cout)
-        throw FileError("standard output", errno);
+        throwWriteError("standard output", errno);
 }
 
 void declare(Command& command, CLI::App& app)
@@ -92,6 +91,13 @@ void declare(Command& command, CLI::App& app)
     OptionsOfCommand options(app);
     command.declareOptions(options);
     app.footer(std::string(command.examples()) + "\n" + EXIT_STATUS);
+}
+
+// CLI11 would take "[a]" for a list.
+std::string asSingle(const std::string& argument)
+{
+    const bool looksLikeList = argument.size() > 1 && argument.front() == '[' && argument.back() == ']';
+    return looksLikeList ? "./" + argument : argument;
 }
 
 } // namespace
@@ -110,7 +116,10 @@ Command* readCommandLine(const std::vector<Command*>& commands, Command& plain, 
 
     try
     {
-        tool.parse(argc, argv);
+        std::vector<std::string> arguments;
+        for (int i = argc - 1; i > 0; --i) // in the order that CLI11 wants
+            arguments.push_back(asSingle(argv[i]));
+        tool.parse(std::move(arguments));
     }
     catch (const CLI::ParseError& end)
     {

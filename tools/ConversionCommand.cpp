@@ -3,38 +3,191 @@
 #include "CommandOptions.h"
 #include "Failure.h"
 #include "InputFile.h"
+#include "Jobs.h"
+#include "OctetCount.h"
 #include "OutputFile.h"
+#include "OutputFolders.h"
+#include "Progress.h"
+#include "Terminal.h"
+#include <algorithm>
+#include <cerrno>
 #include <exception>
+#include <thread>
+#include <unistd.h>
 
 namespace Vesk::Tool
 {
 
-void ConversionCommand::declareOptions(CommandOptions& options)
+namespace
 {
-    options.addArgument("IN", _input, "the file to read; - is standard input");
-    options.addOption("-o,--output", "FILE", _output, "the file to write; - is standard output");
+
+const char STANDARD_STREAM[] = "-";
+const char XML_EXTENSION[] = ".xml";
+const char FAST_INFOSET_EXTENSION[] = ".finf";
+
+int coreCount()
+{
+    return std::max(static_cast<int>(std::thread::hardware_concurrency()), 1);
 }
 
-ExitStatus ConversionCommand::run(const std::string& file)
+} // namespace
+
+ConversionCommand::ConversionCommand()
+    : _jobs(coreCount())
 {
-    _input = file;
+}
+
+void ConversionCommand::declareOptions(CommandOptions& options)
+{
+    options.addArguments("FILE", _files, "the files to convert, each to its sibling; none or - is standard input");
+    options.addOption("-o,--output", "FILE", _output, "write to FILE; - is standard output");
+    options.addFlag("-c,--stdout", _toStandardOutput, "write to standard output");
+    options.addFlag("-r,--recursive", _recursive, "convert the documents in folders, too");
+    options.addOption("--output-dir", "DIR", _outputFolder, "write below DIR, in folders like those of the input");
+    options.addFlag("-f,--force", _mayReplace, "overwrite files; write Fast Infoset to a terminal");
+    options.addFlag("--keep-going", _keepGoing, "go on with the other files after a failure");
+    options.addOption("-j,--jobs", "N", _jobs, "convert N files at a time");
+    declareOwnOptions(options);
+    _messages.declareOptions(options);
+}
+
+ExitStatus ConversionCommand::run(const std::string& file, bool mayReplace)
+{
+    _files = {file};
+    _mayReplace = mayReplace;
     return run();
 }
 
 ExitStatus ConversionCommand::run()
 {
-    InputFile input(_input);
-    OutputFile output(_output);
+    if (_files.empty())
+        _files.emplace_back(STANDARD_STREAM);
+    checkUsage();
+    prepare();
+
+    ConversionPlan::Settings settings = {inputKind(), XML_EXTENSION, FAST_INFOSET_EXTENSION, _outputFolder, _recursive};
+    if (settings.inputKind == DocumentKind::FAST_INFOSET)
+        std::swap(settings.inputExtension, settings.outputExtension);
+    ConversionPlan planned(settings);
+    plan(planned);
+
+    std::vector<Conversion> conversions = planned.conversions();
+    std::size_t started = 0;
+    {
+        Progress progress(_messages, conversions.size(), planned.octetCount());
+        OutputFolders folders;
+        const auto job = [&](std::size_t index)
+        {
+            return attempt(conversions[index], progress, folders) || _keepGoing;
+        };
+        if (_failures == 0 || _keepGoing)
+            started = runJobs(conversions.size(), static_cast<std::size_t>(std::max(_jobs, 1)), job);
+    }
+    if (_isPipeBroken)
+        throw BrokenPipe("standard output", EPIPE);
+    if (_failures > 0 && started < conversions.size())
+    {
+        _messages.failure("stopped after a failure; files not converted: " +
+                          std::to_string(conversions.size() - started) + " (--keep-going goes on)");
+    }
+    return static_cast<ExitStatus>(_worst.load());
+}
+
+void ConversionCommand::checkUsage() const
+{
+    const bool isSingle = _files.size() == 1 && !_recursive;
+    if (_output.empty() + !_toStandardOutput + _outputFolder.empty() < 2)
+        throw UsageError("-o, -c and --output-dir exclude each other");
+    if (!isSingle && (!_output.empty() || _toStandardOutput))
+        throw UsageError("several documents cannot go to one output");
+    if (!isSingle && std::count(_files.begin(), _files.end(), STANDARD_STREAM) > 0)
+        throw UsageError("standard input cannot be one of several files");
+    if (_recursive && _files.front() == STANDARD_STREAM)
+        throw UsageError("-r takes folders");
+}
+
+// Failures to look into folders count like those of the files in them.
+void ConversionCommand::plan(ConversionPlan& plan)
+{
+    const std::string output = _toStandardOutput ? STANDARD_STREAM : _output;
+    if (!output.empty() || _files.front() == STANDARD_STREAM)
+    {
+        plan.add(_files.front(), output.empty() ? STANDARD_STREAM : output);
+        return;
+    }
+    for (const std::string& file : _files)
+    {
+        try
+        {
+            plan.add(file, _messages);
+        }
+        catch (const FileError& error)
+        {
+            recordFailure(error, file);
+            if (!_keepGoing)
+                return;
+        }
+    }
+}
+
+bool ConversionCommand::attempt(const Conversion& conversion, Progress& progress, OutputFolders& folders)
+{
+    try
+    {
+        convert(conversion, progress, folders);
+        progress.fileDone();
+        return true;
+    }
+    catch (const BrokenPipe&)
+    {
+        _isPipeBroken = true;
+        return false;
+    }
+    catch (const std::exception& exception)
+    {
+        recordFailure(exception, conversion.input);
+        return false;
+    }
+}
+
+void ConversionCommand::recordFailure(const std::exception& exception, const std::string& file)
+{
+    const Failure failure = Failure::of(file, exception);
+    _messages.failure(failure.what());
+    ++_failures;
+    const int status = static_cast<int>(failure.status());
+    for (int worst = _worst; status > worst && !_worst.compare_exchange_weak(worst, status);)
+    {
+    }
+}
+
+void ConversionCommand::convert(const Conversion& conversion, Progress& progress, OutputFolders& folders)
+{
+    const bool isToStandardOutput = conversion.output == STANDARD_STREAM;
+    if (isToStandardOutput && inputKind() == DocumentKind::XML && !_mayReplace && Terminal(STDOUT_FILENO).isTerminal())
+        throw UsageError("standard output is a terminal, which cannot show Fast Infoset (-o FILE, or -f to write it)");
+
+    InputFile input(conversion.input);
+    input.countIn(progress.octets());
+    if (!_outputFolder.empty())
+        folders.makeFor(conversion.output);
+    OutputFile output(conversion.output, _mayReplace, input.rightsOr(OutputFile::USUAL_RIGHTS));
     try
     {
         convert(input, output);
+    }
+    catch (const Failure&)
+    {
+        throw;
     }
     catch (const std::exception& exception)
     {
         throw Failure::of(input.name(), exception);
     }
     output.commit();
-    return ExitStatus::SUCCESS;
+    _messages.note(input.name() + " -> " + output.name() + ": " + std::to_string(input.octetCount()) + " -> " +
+                   std::to_string(output.octetCount()) + " octets, " +
+                   percentText(output.octetCount(), input.octetCount()));
 }
 
 } // namespace Vesk::Tool

@@ -3,29 +3,65 @@
 #define VESKFI_CONVERSIONCOMMAND_H
 
 #include "Command.h"
-#include <istream>
+#include "ConversionPlan.h"
+#include "Messages.h"
+#include <atomic>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace Vesk::Tool
 {
 
-/// A command that turns one file into another: "veskfi NAME [IN] [-o OUT]".
+class InputFile;
+class OutputFolders;
+class Progress;
+
+/// A command that turns documents of one form into the other: "veskfi NAME [FILE...]". Derived classes say which, and
+/// convert a single one.
 class ConversionCommand : public Command
 {
 public:
+    ConversionCommand();
+
     void declareOptions(CommandOptions& options) override;
     ExitStatus run() override;
 
-    /// Converts this file with no other options.
-    ExitStatus run(const std::string& file);
+    /// Converts this file, with no other option than whether the output may be replaced.
+    ExitStatus run(const std::string& file, bool mayReplace);
 
 protected:
-    virtual void convert(std::istream& input, std::ostream& output) = 0;
+    virtual DocumentKind inputKind() const = 0;
+    /// The options of this command alone.
+    virtual void declareOwnOptions(CommandOptions& options) = 0;
+    /// Called once before the first conversion.
+    virtual void prepare() {}
+    /// Called from several threads at a time.
+    virtual void convert(InputFile& input, std::ostream& output) = 0;
+
+    Messages& messages() { return _messages; }
 
 private:
-    std::string _input = "-";
-    std::string _output = "-";
+    using Conversion = ConversionPlan::Conversion;
+
+    void checkUsage() const;
+    void plan(ConversionPlan& plan);
+    bool attempt(const Conversion& conversion, Progress& progress, OutputFolders& folders);
+    void convert(const Conversion& conversion, Progress& progress, OutputFolders& folders);
+    void recordFailure(const std::exception& exception, const std::string& file);
+
+    std::vector<std::string> _files;
+    std::string _output;
+    std::string _outputFolder;
+    bool _toStandardOutput = false;
+    bool _recursive = false;
+    bool _mayReplace = false;
+    bool _keepGoing = false;
+    int _jobs;
+    Messages _messages;
+    std::atomic<int> _worst{0}; // ExitStatus
+    std::atomic<std::size_t> _failures{0};
+    std::atomic<bool> _isPipeBroken{false};
 };
 
 } // namespace Vesk::Tool

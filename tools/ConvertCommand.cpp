@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ConvertCommand.h"
 #include "CommandOptions.h"
+#include "ConversionCommand.h"
+#include "DocumentKind.h"
+#include "Failure.h"
 #include "InputFile.h"
+#include <unistd.h>
 
 namespace Vesk::Tool
 {
@@ -12,16 +16,36 @@ ConvertCommand::ConvertCommand(ConversionCommand& encode, ConversionCommand& dec
 {
 }
 
+const char* ConvertCommand::examples() const
+{
+    return "Examples:\n"
+           "  veskfi document.xml                          write document.finf\n"
+           "  veskfi document.finf                         write document.xml\n"
+           "  veskfi COMMAND --help                        what else a command can do\n";
+}
+
 void ConvertCommand::declareOptions(CommandOptions& options)
 {
-    options.addArgument("FILE", _file, "the file to convert");
+    options.addArgument("FILE", _file, "the file to convert, to its sibling");
+    options.addFlag("-f,--force", _mayReplace, "overwrite the sibling");
 }
 
 ExitStatus ConvertCommand::run()
 {
-    constexpr int FIRST_OCTET = 0xE0;
-    ConversionCommand& command = InputFile(_file).peek() == FIRST_OCTET ? _decode : _encode;
-    return command.run(_file);
+    if (_file.empty())
+        throw UsageError("no command and no file");
+    if (_file.find_first_of("./") == std::string::npos && ::access(_file.c_str(), F_OK) != 0)
+        throw UsageError(_file + " is neither a command nor a file");
+    InputFile file(_file);
+    switch (kindOf(file.start()))
+    {
+    case DocumentKind::XML:
+        return _encode.run(_file, _mayReplace);
+    case DocumentKind::FAST_INFOSET:
+        return _decode.run(_file, _mayReplace);
+    default:
+        throw Failure(ExitStatus::MALFORMED, file.name() + ": neither XML nor Fast Infoset");
+    }
 }
 
 } // namespace Vesk::Tool

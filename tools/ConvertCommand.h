@@ -3,11 +3,12 @@
 #define VESKFI_CONVERTCOMMAND_H
 
 #include "Command.h"
-#include "ConversionCommand.h"
 #include <string>
 
 namespace Vesk::Tool
 {
+
+class ConversionCommand;
 
 /// "veskfi FILE": looks at the first octets and converts the other way.
 class ConvertCommand : public Command
@@ -18,7 +19,7 @@ public:
 
     const char* name() const override { return ""; }
     const char* description() const override { return ""; }
-    const char* examples() const override { return ""; }
+    const char* examples() const override;
     void declareOptions(CommandOptions& options) override;
     ExitStatus run() override;
 
@@ -26,6 +27,7 @@ private:
     ConversionCommand& _encode;
     ConversionCommand& _decode;
     std::string _file;
+    bool _mayReplace = false;
 };
 
 } // namespace Vesk::Tool

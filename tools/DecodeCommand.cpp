@@ -1,19 +1,53 @@
 // SPDX-License-Identifier: MIT
 #include "DecodeCommand.h"
-#include "Vesk/FastInfoset/Converter.h"
+#include "CommandOptions.h"
+#include "Failure.h"
+#include "InputFile.h"
+#include "Vesk/FastInfoset/FastInfosetParser.h"
+#include "Vesk/XML/InputSource.h"
 #include "Vesk/XML/XMLWriter.h"
 
 namespace Vesk::Tool
 {
 
+using XML::XMLWriter;
+
 const char* DecodeCommand::examples() const
 {
-    return "Example:\n  veskfi decode document.finf -o document.xml\n";
+    return "Examples:\n"
+           "  veskfi decode document.finf                  write document.xml\n"
+           "  veskfi decode -c --pretty document.finf      look at it\n"
+           "  veskfi decode -r packed --output-dir data    a whole folder\n"
+           "  veskfi decode --vocab urn:x=names.xml a.finf supply the vocabulary that it names\n";
 }
 
-void DecodeCommand::convert(std::istream& input, std::ostream& output)
+void DecodeCommand::declareOwnOptions(CommandOptions& options)
 {
-    FastInfoset::Converter::convertToXML(input, output, XML::XMLWriter::WRITE_XML_DECLARATION);
+    options.addFlag("--pretty", _isPretty, "indent elements that hold no text");
+    options.addFlag("--no-decl", _leavesOutDeclaration, "leave out the XML declaration");
+    _vocabularies.declareOption(options);
+}
+
+void DecodeCommand::prepare()
+{
+    _vocabularies.install();
+}
+
+void DecodeCommand::convert(InputFile& input, std::ostream& output)
+{
+    XMLWriter writer(output, (_leavesOutDeclaration ? 0 : XMLWriter::WRITE_XML_DECLARATION) |
+                                 (_isPretty ? XMLWriter::PRETTY_PRINT : 0));
+    FastInfoset::FastInfosetParser parser;
+    parser.initialize(&writer);
+    XML::InputSource source(input);
+    try
+    {
+        parser.parse(&source);
+    }
+    catch (const std::exception& exception)
+    {
+        throw Failure::of(input.name(), parser.octetOffset(), exception);
+    }
 }
 
 } // namespace Vesk::Tool

@@ -3,6 +3,7 @@
 #define VESKFI_DECODECOMMAND_H
 
 #include "ConversionCommand.h"
+#include "Vocabularies.h"
 
 namespace Vesk::Tool
 {
@@ -16,7 +17,15 @@ public:
     const char* examples() const override;
 
 protected:
-    void convert(std::istream& input, std::ostream& output) override;
+    DocumentKind inputKind() const override { return DocumentKind::FAST_INFOSET; }
+    void declareOwnOptions(CommandOptions& options) override;
+    void prepare() override;
+    void convert(InputFile& input, std::ostream& output) override;
+
+private:
+    Vocabularies _vocabularies;
+    bool _isPretty = false;
+    bool _leavesOutDeclaration = false;
 };
 
 } // namespace Vesk::Tool

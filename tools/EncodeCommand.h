@@ -16,7 +16,17 @@ public:
     const char* examples() const override;
 
 protected:
-    void convert(std::istream& input, std::ostream& output) override;
+    DocumentKind inputKind() const override { return DocumentKind::XML; }
+    void declareOwnOptions(CommandOptions& options) override;
+    void convert(InputFile& input, std::ostream& output) override;
+
+private:
+    // Longer strings seldom repeat, and the table of each reader would have to hold them.
+    int _maxIndexedOctets = 16;
+    bool _stripsSpace = false;
+    bool _writesDeclaration = false;
+    bool _isTyped = false;
+    bool _isLossy = false;
 };
 
 } // namespace Vesk::Tool

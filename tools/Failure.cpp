@@ -2,6 +2,7 @@
 #include "Failure.h"
 #include "Vesk/Exception.h"
 #include "Vesk/XML/SAXParseException.h"
+#include <cerrno>
 #include <new>
 #include <system_error>
 
@@ -55,6 +56,13 @@ Failure::Failure(ExitStatus status, const std::string& text)
 {
 }
 
+Failure Failure::of(const std::string& file, unsigned long octetOffset, const std::exception& exception)
+{
+    // What is no fault of the document has no place in it.
+    const bool hasPlace = statusOf(exception) == ExitStatus::MALFORMED && !dynamic_cast<const Failure*>(&exception);
+    return of(hasPlace ? file + ": octet " + std::to_string(octetOffset) : file, exception);
+}
+
 Failure Failure::of(const std::string& file, const std::exception& exception)
 {
     if (const auto* failure = dynamic_cast<const Failure*>(&exception))
@@ -81,6 +89,18 @@ FileError::FileError(const std::string& file, const std::string& reason)
 FileError::FileError(const std::string& file, int errorNumber)
     : FileError(file, std::generic_category().message(errorNumber))
 {
+}
+
+FileError FileError::exists(const std::string& file)
+{
+    return FileError(file, "exists already (-f overwrites it)");
+}
+
+void throwWriteError(const std::string& file, int errorNumber)
+{
+    if (errorNumber == EPIPE)
+        throw BrokenPipe(file, errorNumber);
+    throw FileError(file, errorNumber);
 }
 
 UsageError::UsageError(const std::string& text)

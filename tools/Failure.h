@@ -19,6 +19,8 @@ public:
     /// What goes wrong with the file, whatever of the libraries it was thrown by: "file: reason", with the place in the
     /// document if it is known. A Failure is returned as it is.
     static Failure of(const std::string& file, const std::exception& exception);
+    /// The same with the octet of the document in which it went wrong, for a binary one.
+    static Failure of(const std::string& file, unsigned long octetOffset, const std::exception& exception);
 
     /// The reason where a document names an external vocabulary that was not given.
     static std::string missingVocabulary(const std::string& uri);
@@ -36,7 +38,20 @@ public:
     FileError(const std::string& file, const std::string& reason);
     /// The reason is the system's text for the error number.
     FileError(const std::string& file, int errorNumber);
+
+    /// A file that must not be replaced.
+    static FileError exists(const std::string& file);
 };
+
+/// Nobody reads any more what is written, which is not worth a message.
+class BrokenPipe : public FileError
+{
+public:
+    using FileError::FileError;
+};
+
+/// Throws what a failed write makes of this error number: a BrokenPipe or another FileError.
+[[noreturn]] void throwWriteError(const std::string& file, int errorNumber);
 
 /// A command line that makes no sense. what() says why.
 class UsageError : public Failure

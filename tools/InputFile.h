@@ -3,9 +3,13 @@
 #define VESKFI_INPUTFILE_H
 
 #include "FileDescriptor.h"
+#include <atomic>
+#include <cstdint>
 #include <istream>
 #include <streambuf>
 #include <string>
+#include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace Vesk::Tool
@@ -23,6 +27,18 @@ public:
     /// How messages call the file.
     const std::string& name() const { return _buffer.name(); }
 
+    /// Access rights of a regular file, otherwise those given.
+    mode_t rightsOr(mode_t rights) const;
+
+    /// The first octets of the file, up to 1024, which are still to be read. Good until the first of them is.
+    std::string_view start() { return _buffer.start(); }
+
+    /// Octets read so far.
+    std::uint64_t octetCount() const { return _buffer.octetCount(); }
+
+    /// Counts what is read from now on there as well. The counter is borrowed.
+    void countIn(std::atomic<std::uint64_t>& counter) { _buffer.countIn(counter); }
+
 private:
     class Buffer : public std::streambuf
     {
@@ -30,14 +46,22 @@ private:
         explicit Buffer(const std::string& path);
 
         const std::string& name() const { return _name; }
+        int descriptor() const { return _descriptor.get(); }
+        std::string_view start();
+        std::uint64_t octetCount() const { return _octetCount; }
+        void countIn(std::atomic<std::uint64_t>& counter) { _counter = &counter; }
 
     protected:
         int_type underflow() override;
 
     private:
+        std::size_t read(std::size_t offset);
+
         std::string _name;
         FileDescriptor _descriptor;
         std::vector<char> _block;
+        std::uint64_t _octetCount = 0;
+        std::atomic<std::uint64_t>* _counter = nullptr;
     };
 
     Buffer _buffer;

@@ -16,20 +16,35 @@ namespace
 constexpr std::size_t BLOCK_OCTETS = 64 * 1024;
 const char STANDARD_OUTPUT[] = "-";
 
+mode_t readProcessMask()
+{
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return mask;
+}
+
+// Can only be read by changing it, which must not happen while another thread creates a file.
+mode_t processMask()
+{
+    static const mode_t mask = readProcessMask();
+    return mask;
+}
+
 } // namespace
 
-OutputFile::OutputFile(const std::string& path)
+OutputFile::OutputFile(const std::string& path, bool mayReplace, mode_t newRights)
     : std::ostream(nullptr),
       _path(path),
       _name(path == STANDARD_OUTPUT ? "standard output" : path),
-      _descriptor(openDescriptor()),
+      _mayReplace(mayReplace),
+      _descriptor(openDescriptor(newRights)),
       _buffer(_name, _descriptor.get())
 {
     rdbuf(&_buffer);
     exceptions(badbit); // lets the buffer's FileError through instead of turning it into a flag
 }
 
-int OutputFile::openDescriptor()
+int OutputFile::openDescriptor(mode_t newRights)
 {
     if (_path == STANDARD_OUTPUT)
         return STDOUT_FILENO;
@@ -45,11 +60,14 @@ int OutputFile::openDescriptor()
             throw FileError(_name, errno);
         return descriptor;
     }
+    if (exists && !_mayReplace)
+        throw FileError::exists(_name);
     // Renaming asks for the right to change the folder only; a file that is protected against writing stays as it is.
     if (exists && ::access(_path.c_str(), W_OK) != 0)
         throw FileError(_name, errno);
     _temporary = std::make_unique<TemporaryFile>(_path);
-    return _temporary->open();
+    constexpr mode_t ACCESS_RIGHTS = S_IRWXU | S_IRWXG | S_IRWXO;
+    return _temporary->open(exists ? status.st_mode & ACCESS_RIGHTS : newRights & ~processMask());
 }
 
 void OutputFile::commit()
@@ -58,7 +76,7 @@ void OutputFile::commit()
     if (!_descriptor.close())
         throw FileError(_name, errno);
     if (_temporary)
-        _temporary->moveToTarget();
+        _temporary->moveToTarget(_mayReplace);
 }
 
 OutputFile::Buffer::Buffer(const std::string& name, int descriptor)
@@ -84,8 +102,9 @@ void OutputFile::Buffer::writeOut()
         if (octetCount >= 0)
             next += octetCount;
         else if (errno != EINTR)
-            throw FileError(_name, errno);
+            throwWriteError(_name, errno);
     }
+    _writtenOctets += static_cast<std::uint64_t>(pptr() - pbase());
     setp(_block.data(), _block.data() + _block.size());
 }
 

@@ -4,10 +4,12 @@
 
 #include "FileDescriptor.h"
 #include "TemporaryFile.h"
+#include <cstdint>
 #include <memory>
 #include <ostream>
 #include <streambuf>
 #include <string>
+#include <sys/types.h>
 #include <vector>
 
 namespace Vesk::Tool
@@ -21,8 +23,18 @@ namespace Vesk::Tool
 class OutputFile : public std::ostream
 {
 public:
-    /// "-" is standard output. Throws FileError if the file cannot be written.
-    explicit OutputFile(const std::string& path);
+    /// The rights of a new file before the process's mask is applied.
+    static constexpr mode_t USUAL_RIGHTS = 0666;
+
+    /// "-" is standard output. A regular file that exists is replaced only if that is allowed, and keeps its rights; a
+    /// new one gets the given ones, as far as the process's mask lets it. Throws FileError if the file cannot be written.
+    OutputFile(const std::string& path, bool mayReplace, mode_t newRights);
+
+    /// How messages call the file.
+    const std::string& name() const { return _name; }
+
+    /// Octets written so far, those in the buffer included.
+    std::uint64_t octetCount() const { return _buffer.octetCount(); }
 
     /// Writes what is left, closes the file and puts it in its place. Throws FileError if any of that fails.
     void commit();
@@ -35,6 +47,7 @@ private:
         Buffer(const std::string& name, int descriptor);
 
         void writeOut();
+        std::uint64_t octetCount() const { return _writtenOctets + static_cast<std::uint64_t>(pptr() - pbase()); }
 
     protected:
         int_type overflow(int_type octet) override;
@@ -45,12 +58,14 @@ private:
         const std::string& _name;
         const int _descriptor;
         std::vector<char> _block;
+        std::uint64_t _writtenOctets = 0;
     };
 
-    int openDescriptor();
+    int openDescriptor(mode_t newRights);
 
     const std::string _path;
-    const std::string _name;                   // how messages call the file
+    const std::string _name; // how messages call the file
+    const bool _mayReplace;
     std::unique_ptr<TemporaryFile> _temporary; // null where the target itself is written
     FileDescriptor _descriptor;
     Buffer _buffer;

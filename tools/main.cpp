@@ -4,9 +4,11 @@
 #include "DecodeCommand.h"
 #include "EncodeCommand.h"
 #include "Failure.h"
+#include "Messages.h"
+#include "UnfinishedFiles.h"
 #include <csignal>
 #include <exception>
-#include <iostream>
+#include <new>
 #include <string>
 
 using namespace Vesk::Tool;
@@ -14,32 +16,38 @@ using namespace Vesk::Tool;
 namespace
 {
 
-int report(ExitStatus status, std::string text)
+int report(ExitStatus status, const std::string& text)
 {
-    // Names and texts of documents may hold line feeds; one failure is one line.
-    for (char& c : text)
-    {
-        if (c == '\n' || c == '\r')
-            c = ' ';
-    }
-    std::cerr << "veskfi: " << text << std::endl;
+    Messages().failure(text);
     return static_cast<int>(status);
+}
+
+ExitStatus run(int argc, char* argv[])
+{
+    EncodeCommand encode;
+    DecodeCommand decode;
+    ConvertCommand convert(encode, decode);
+    Command* const command = readCommandLine({&encode, &decode}, convert, argc, argv);
+    return command ? command->run() : ExitStatus::SUCCESS;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    // A reader that went away and a file that may not grow are errors of the write, to be reported like any other.
+    // A reader that went away and a file that may not grow are errors of the write, to be cleaned up after.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+    UnfinishedFiles::removeOnSignals();
     try
     {
-        EncodeCommand encode;
-        DecodeCommand decode;
-        ConvertCommand convert(encode, decode);
-        Command* const command = readCommandLine({&encode, &decode}, convert, argc, argv);
-        return static_cast<int>(command ? command->run() : ExitStatus::SUCCESS);
+        return static_cast<int>(run(argc, argv));
+    }
+    catch (const BrokenPipe&)
+    {
+        // Quietly, as every other tool in a pipe.
+        std::signal(SIGPIPE, SIG_DFL);
+        return std::raise(SIGPIPE);
     }
     catch (const UsageError& mistake)
     {
@@ -48,6 +56,10 @@ int main(int argc, char* argv[])
     catch (const Failure& failure)
     {
         return report(failure.status(), failure.what());
+    }
+    catch (const std::bad_alloc&)
+    {
+        return report(ExitStatus::INTERNAL, "not enough memory");
     }
     catch (const std::exception& exception)
     {

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#ifndef VESKFI_CONVERSIONPLAN_H
+#define VESKFI_CONVERSIONPLAN_H
+
+#include "DocumentKind.h"
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace Vesk::Tool
+{
+
+class Messages;
+
+/// Which file becomes which: finds the documents in folders and names what is made of them.
+class ConversionPlan
+{
+public:
+    struct Conversion
+    {
+        std::string input;
+        std::string output;
+    };
+
+    struct Settings
+    {
+        DocumentKind inputKind;      ///< what is looked for in folders
+        std::string inputExtension;  ///< ".xml": replaced by the other one, which is put behind any other name
+        std::string outputExtension; ///< ".finf"
+        std::string outputFolder;    ///< empty: each output beside its input
+        bool recursive;              ///< folders are gone through
+    };
+
+    explicit ConversionPlan(Settings settings);
+
+    /// Adds a file, or all documents in a folder and those below it. Throws FileError for a folder that cannot be read,
+    /// or must not be gone through, and UsageError if two inputs would become the same output.
+    void add(const std::string& path, Messages& messages);
+
+    /// Adds a single conversion.
+    void add(const std::string& input, const std::string& output);
+
+    const std::vector<Conversion>& conversions() const { return _conversions; }
+
+    /// How much there is to read, as far as it is known.
+    std::uint64_t octetCount() const { return _octetCount; }
+
+private:
+    void addFolder(const std::string& folder, const std::string& outputFolder, Messages& messages);
+    void addFile(const std::string& input, const std::string& outputFolder);
+    std::string outputName(const std::string& name) const;
+
+    const Settings _settings;
+    std::vector<Conversion> _conversions;
+    std::map<std::string, std::string> _inputs; // by output
+    std::uint64_t _octetCount = 0;
+};
+
+} // namespace Vesk::Tool
+
+#endif // VESKFI_CONVERSIONPLAN_H

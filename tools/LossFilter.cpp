@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "LossFilter.h"
+#include "Vesk/XML/Locator.h"
+#include "Vesk/XML/SAXParseException.h"
+
+namespace Vesk::Tool
+{
+
+namespace
+{
+
+std::string placeText(int line, int column)
+{
+    return "line " + std::to_string(line) + ", column " + std::to_string(column) + ": ";
+}
+
+} // namespace
+
+LossFilter::LossFilter(XML::XMLReader& parser, LossListener& listener)
+    : XMLFilterImpl(&parser),
+      _listener(listener)
+{
+}
+
+void LossFilter::setProperty(const XML::XMLString& propertyId, void* value)
+{
+    if (propertyId == PROPERTY_LEXICAL_HANDLER)
+        _lexicalHandler = static_cast<XML::LexicalHandler*>(value);
+    else
+        XMLFilterImpl::setProperty(propertyId, value);
+}
+
+void LossFilter::setupParse()
+{
+    XMLFilterImpl::setupParse();
+    XMLFilterImpl::setProperty(PROPERTY_LEXICAL_HANDLER, static_cast<XML::LexicalHandler*>(this));
+    XMLFilterImpl::setProperty(PROPERTY_DECLARATION_HANDLER, static_cast<XML::DeclHandler*>(this));
+}
+
+void LossFilter::setDocumentLocator(const XML::Locator* locator)
+{
+    _locator = locator;
+    XMLFilterImpl::setDocumentLocator(locator);
+}
+
+std::string LossFilter::place() const
+{
+    return _locator ? placeText(_locator->getLineNumber(), _locator->getColumnNumber()) : std::string();
+}
+
+// The name of a document type is not stored; whoever writes text again takes that of the root element.
+void LossFilter::startElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname,
+                              const XML::Attributes& attributes)
+{
+    if (!_documentTypeName.empty())
+    {
+        if (_documentTypeName != qname)
+            _listener.lost(_documentTypePlace + "the document type's name \"" + _documentTypeName +
+                           "\" is not that of the root element");
+        _documentTypeName.clear();
+    }
+    XMLFilterImpl::startElement(uri, localName, qname, attributes);
+}
+
+void LossFilter::skippedEntity(const XML::XMLString& name)
+{
+    _listener.lost(place() + "the reference \"&" + name + ";\" cannot be expanded");
+    XMLFilterImpl::skippedEntity(name);
+}
+
+void LossFilter::warning(const XML::SAXException& exception)
+{
+    if (const auto* warning = dynamic_cast<const XML::SAXParseException*>(&exception))
+        _listener.lost(placeText(warning->getLineNumber(), warning->getColumnNumber()) + warning->getText());
+    XMLFilterImpl::warning(exception);
+}
+
+void LossFilter::startDTD(const XML::XMLString& name, const XML::XMLString& publicId, const XML::XMLString& systemId)
+{
+    _documentTypeName = name;
+    _documentTypePlace = place();
+    if (!systemId.empty())
+        _listener.noted(_documentTypePlace + "the external subset " + systemId +
+                        " is not read; default attribute values that it declares are not added");
+    if (_lexicalHandler)
+        _lexicalHandler->startDTD(name, publicId, systemId);
+}
+
+void LossFilter::endDTD()
+{
+    if (_hasDeclarations)
+        _listener.noted(_documentTypePlace +
+                        "the internal subset is left out; its effects on the content, notations, unparsed entities and "
+                        "processing instructions stay");
+    if (_lexicalHandler)
+        _lexicalHandler->endDTD();
+}
+
+void LossFilter::startEntity(const XML::XMLString& name)
+{
+    if (_lexicalHandler)
+        _lexicalHandler->startEntity(name);
+}
+
+void LossFilter::endEntity(const XML::XMLString& name)
+{
+    if (_lexicalHandler)
+        _lexicalHandler->endEntity(name);
+}
+
+void LossFilter::startCDATA()
+{
+    if (_lexicalHandler)
+        _lexicalHandler->startCDATA();
+}
+
+void LossFilter::endCDATA()
+{
+    if (_lexicalHandler)
+        _lexicalHandler->endCDATA();
+}
+
+void LossFilter::comment(const XML::XMLChar ch[], int start, int length)
+{
+    if (_lexicalHandler)
+        _lexicalHandler->comment(ch, start, length);
+}
+
+void LossFilter::attributeDecl(const XML::XMLString&, const XML::XMLString&, const XML::XMLString&,
+                               const XML::XMLString*, const XML::XMLString*)
+{
+    _hasDeclarations = true;
+}
+
+void LossFilter::elementDecl(const XML::XMLString&, const XML::XMLString&)
+{
+    _hasDeclarations = true;
+}
+
+void LossFilter::externalEntityDecl(const XML::XMLString&, const XML::XMLString*, const XML::XMLString&)
+{
+    _hasDeclarations = true;
+}
+
+void LossFilter::internalEntityDecl(const XML::XMLString&, const XML::XMLString&)
+{
+    _hasDeclarations = true;
+}
+
+} // namespace Vesk::Tool
