@@ -82,15 +82,9 @@ unsigned long BitStreamReader::takeBits(int numOfBits)
     return bits >> (count - numOfBits);
 }
 
-bool BitStreamReader::read(std::string& octets, unsigned long octetCount)
+// Octets that the buffer does not hold as they are: between octet boundaries, or beyond its end.
+bool BitStreamReader::readPiecewise(std::string& octets, unsigned long octetCount)
 {
-    if (_bitOffset == 0 && octetCount <= unreadOctets())
-    {
-        octets.assign(reinterpret_cast<const char*>(_next), octetCount);
-        _next += octetCount;
-        return true;
-    }
-
     octets.clear();
     if (!_stream && octetCount > unreadBits() / 8)
         return false;

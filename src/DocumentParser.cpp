@@ -86,7 +86,7 @@ void DocumentParser<Observation>::parseHeader(int externalDepth)
     if (_handlers.document)
         _handlers.document->setDocumentVocabulary(*_vocabulary);
 
-    _strings.begin(*_reader, *_vocabulary);
+    _strings.begin(*_reader, *_vocabulary, _handlers.namespacePrefixes);
     _items.begin(*_reader, _handlers);
     _typedDelivery.begin(_handlers.typedContent);
     _items.parseDocumentChildren(parts);
@@ -221,6 +221,7 @@ template <class Observation>
 unsigned int DocumentParser<Observation>::parseAttributes()
 {
     _usedValueBuffers = 0;
+    nextValueBuffer();
     _observation.start(Structure::ATTRIBUTES);
     for (;;)
     {
@@ -237,35 +238,35 @@ unsigned int DocumentParser<Observation>::parseAttributes()
 
 // X.891 C.4. Values are text even where they are stored as typed data.
 template <class Observation>
-void DocumentParser<Observation>::parseAttribute(unsigned int octet)
+inline void DocumentParser<Observation>::parseAttribute(unsigned int octet)
 {
     _observation.start(Structure::ATTRIBUTE);
     _observation.part(Part::START, ATTRIBUTE_NAME_BITS);
     const ResolvedName& name = _strings.parseAttributeName(octet);
-    std::string& buffer = nextValueBuffer();
     const std::string& value =
-        _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ATTRIBUTE_VALUE, buffer);
+        _strings.parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ATTRIBUTE_VALUE, *_valueBuffer);
     _observation.end(Structure::ATTRIBUTE);
-    if (&value == &buffer)
-        ++_usedValueBuffers;
+    if (&value == _valueBuffer)
+        nextValueBuffer();
     _attributes.addReferences(*name.namespaceName, *name.localName, FastInfosetParser::EMPTY_STRING,
                               FastInfosetParser::EMPTY_STRING, value);
 }
 
 // X.891 C.7
 template <class Observation>
-void DocumentParser<Observation>::parseCharacterChunk(unsigned int octet)
+inline void DocumentParser<Observation>::parseCharacterChunk(unsigned int octet)
 {
     if (!Observation::ENABLED && (octet & NEW_VALUE_MASK) == NEW_VALUE && deliverTyped())
         return;
     _observation.start(Structure::CHARACTER_CHUNK);
     _observation.part(Part::START, CHUNK_BITS);
-    const CharacterContent content = _strings.parseCharacterChunk(octet);
+    AutoPtr<Encoding> value;
+    const std::string* const text = _strings.parseCharacterChunk(octet, value);
     _observation.end(Structure::CHARACTER_CHUNK);
-    if (content.value)
-        deliver(content);
+    if (!text)
+        deliver(*value);
     else if (_handlers.content)
-        _handlers.content->characters(content.text->data(), 0, textLength(*content.text));
+        _handlers.content->characters(text->data(), 0, textLength(*text));
 }
 
 // Numbers and octets on the short way, behind the algorithm's index in the last two bits of the octet and six more.
@@ -285,15 +286,15 @@ bool DocumentParser<Observation>::deliverTyped()
 
 // A typed value; how it reaches the handler is its own matter.
 template <class Observation>
-void DocumentParser<Observation>::deliver(const CharacterContent& content)
+void DocumentParser<Observation>::deliver(const Encoding& value)
 {
-    const bool isCDATA = _handlers.lexical && content.value->type() == CDataEncoding::TYPE;
+    const bool isCDATA = _handlers.lexical && value.type() == CDataEncoding::TYPE;
     if (isCDATA)
         _handlers.lexical->startCDATA();
     if (_handlers.typedContent)
-        _typedDelivery.deliver(*content.value);
+        _typedDelivery.deliver(value);
     else
-        content.value->handle(_handlers.content);
+        value.handle(_handlers.content);
     if (isCDATA)
         _handlers.lexical->endCDATA();
 }
@@ -329,7 +330,7 @@ bool DocumentParser<Observation>::endSecondHalf(unsigned int octet)
 
 // The innermost open element ends.
 template <class Observation>
-void DocumentParser<Observation>::endElement()
+inline void DocumentParser<Observation>::endElement()
 {
     _observation.end(Structure::ELEMENT);
     const OpenElement element = _openElements.back();
@@ -354,11 +355,12 @@ inline unsigned int DocumentParser<Observation>::readOctet(const char* endOfStre
 }
 
 template <class Observation>
-std::string& DocumentParser<Observation>::nextValueBuffer()
+void DocumentParser<Observation>::nextValueBuffer()
 {
     if (_usedValueBuffers == _valueBuffers.size())
-        _valueBuffers.emplace_back();
-    return _valueBuffers[_usedValueBuffers];
+        _valueBuffers.push_back(std::make_unique<std::string>());
+    _valueBuffer = _valueBuffers[_usedValueBuffers].get();
+    ++_usedValueBuffers;
 }
 
 template <class Observation>

@@ -8,7 +8,7 @@
 #include "TypedDelivery.h"
 #include "Vesk/XML/AttributesImpl.h"
 #include <cstddef>
-#include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -59,11 +59,11 @@ private:
     void parseAttribute(unsigned int octet);
     void parseCharacterChunk(unsigned int octet);
     bool deliverTyped();
-    void deliver(const CharacterContent& content);
+    void deliver(const Encoding& value);
     bool endElements(unsigned int octet);
     bool endSecondHalf(unsigned int octet);
     void endElement();
-    std::string& nextValueBuffer();
+    void nextValueBuffer();
     const std::string& qualifiedName(const ResolvedName& name) const;
 
     BitStreamReader* _reader = nullptr;
@@ -78,9 +78,11 @@ private:
     std::vector<OpenElement> _openElements;
     std::vector<const std::string*> _prefixes;
 
-    XML::AttributesImpl _attributes;       // of the element being read
-    std::deque<std::string> _valueBuffers; // their values that are in no table
+    XML::AttributesImpl _attributes; // of the element being read
+    // Their values that are in no table, and where the next one goes.
+    std::vector<std::unique_ptr<std::string>> _valueBuffers;
     std::size_t _usedValueBuffers = 0;
+    std::string* _valueBuffer = nullptr;
     std::string _xmlDeclaration;
 };
 

@@ -19,6 +19,11 @@ namespace Vesk::FastInfoset::PrimitiveCode
     throw FISParseException("Unexpected end of stream while reading integer");
 }
 
+[[noreturn]] inline void throwEndOfLength()
+{
+    throw FISParseException("Unexpected end of stream while parsing string length");
+}
+
 /// The reader moves to the end, as it does when the end comes up in a stream: there the octets before it are gone.
 [[noreturn]] inline void throwEndOfString(BitStreamReader& reader)
 {
@@ -26,31 +31,36 @@ namespace Vesk::FastInfoset::PrimitiveCode
     throw FISParseException("Unexpected end of stream while reading octet string");
 }
 
+/// Octets behind the group.
+inline unsigned int readOctets(BitStreamReader& reader, int octetCount)
+{
+    unsigned int bits = 0;
+    for (; octetCount > 0; --octetCount)
+    {
+        unsigned int octet = 0;
+        if (!reader.readOctet(octet))
+            throwEndOfInteger();
+        bits = (bits << 8) | octet;
+    }
+    return bits;
+}
+
 /// The form that ends on the second octet: leading bits in the group, 8 bits more, plus what the shorter forms leave.
 inline unsigned int readSecondOctet(BitStreamReader& reader, unsigned int leadingBits, unsigned int base)
 {
-    unsigned int octet = 0;
-    if (!reader.readOctet(octet))
-        throwEndOfInteger();
-    return (leadingBits << 8) + octet + base;
+    return (leadingBits << 8) + readOctets(reader, 1) + base;
 }
 
 /// The form that ends on the third octet.
 inline unsigned int readThirdOctet(BitStreamReader& reader, unsigned int leadingBits, unsigned int base)
 {
-    unsigned int bits = 0;
-    if (!reader.read(bits, 16))
-        throwEndOfInteger();
-    return (leadingBits << 16) + bits + base;
+    return (leadingBits << 16) + readOctets(reader, 2) + base;
 }
 
 /// The form that ends on the fourth octet: four bits that mean nothing, then all 20 bits of the value.
 inline unsigned int readFourthOctet(BitStreamReader& reader, unsigned int base)
 {
-    unsigned int bits = 0;
-    if (!reader.read(bits, 24))
-        throwEndOfInteger();
-    return (bits & 0xFFFFF) + base;
+    return (readOctets(reader, 3) & 0xFFFFF) + base;
 }
 
 /// The group has seven bits.
@@ -105,11 +115,17 @@ inline unsigned long stringLength(BitStreamReader& reader, unsigned int group, i
     const unsigned int longForms = 1u << (numOfBits - 1);
     if (group < longForms)
         return group + 1;
+    if (group == longForms)
+    {
+        unsigned int octet = 0;
+        if (!reader.readOctet(octet))
+            throwEndOfLength();
+        return octet + longForms + 1;
+    }
     unsigned long octetCount = 0;
-    const bool isMedium = group == longForms;
-    if (!reader.read(octetCount, isMedium ? 8 : 32))
-        throw FISParseException("Unexpected end of stream while parsing string length");
-    return octetCount + longForms + (isMedium ? 1 : 257);
+    if (!reader.read(octetCount, 32))
+        throwEndOfLength();
+    return octetCount + longForms + 257;
 }
 
 } // namespace Vesk::FastInfoset::PrimitiveCode

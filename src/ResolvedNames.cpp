@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ResolvedNames.h"
-#include "Vesk/FastInfoset/DocumentVocabulary.h"
 #include "Vesk/FastInfoset/FISException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/QualifiedNameEntry.h"
-#include "Vesk/FastInfoset/Vocabulary.h"
+#include <algorithm>
 
 namespace Vesk::FastInfoset
 {
@@ -20,17 +19,38 @@ constexpr unsigned int ABSENT = 0xFFFFFFFF;
 constexpr std::size_t FREE_OCTETS = 4 * 1024 * 1024;
 constexpr std::size_t OCTETS_PER_NAME = 256;
 
-const std::string* part(const DocumentVocabulary& vocabulary, DocumentVocabulary::ID table, unsigned int index)
+constexpr std::size_t FIRST_SLOTS = 16; // what small documents need, all at once
+
+// What is kept from one document to the next.
+constexpr std::size_t KEPT_SLOTS = 1024;
+constexpr std::size_t KEPT_OCTETS = 256 * 1024;
+
+const std::string* part(StringEntries& entries, unsigned int index)
 {
-    return index == ABSENT ? &FastInfosetParser::EMPTY_STRING : &vocabulary.vocabulary(table).value(index);
+    return index == ABSENT ? &FastInfosetParser::EMPTY_STRING : &entries[index];
 }
 
 } // namespace
 
-void ResolvedNames::begin(const Vocabulary<QualifiedNameEntry>& table, const DocumentVocabulary& vocabulary)
+ResolvedNames::ResolvedNames(StringEntries& prefixes, StringEntries& namespaceNames, StringEntries& localNames)
+    : _prefixes(prefixes),
+      _namespaceNames(namespaceNames),
+      _localNames(localNames)
+{
+}
+
+void ResolvedNames::begin(Vocabulary<QualifiedNameEntry>& table, bool areQualified)
 {
     _table = &table;
-    _vocabulary = &vocabulary;
+    _areQualified = areQualified;
+    ++_document;
+    if (_slots.size() > KEPT_SLOTS)
+        std::vector<Slot>().swap(_slots);
+    if (_qualifiedOctets > KEPT_OCTETS)
+    {
+        for (unsigned int i = 0; i < _names.size(); ++i)
+            std::string().swap(_names[i].qualifiedName);
+    }
     _names.truncate(0);
     _qualifiedOctets = 0;
 }
@@ -38,27 +58,31 @@ void ResolvedNames::begin(const Vocabulary<QualifiedNameEntry>& table, const Doc
 const ResolvedName& ResolvedNames::resolve(unsigned int index)
 {
     const QualifiedNameEntry& entry = _table->value(index);
-    const std::string* prefix = part(*_vocabulary, DocumentVocabulary::PREFIX, entry.prefix());
-    const std::string* namespaceName = part(*_vocabulary, DocumentVocabulary::NAMESPACE_NAME, entry.namespaceName());
-    const std::string* localName = part(*_vocabulary, DocumentVocabulary::LOCAL_NAME, entry.localName());
+    const std::string* prefix = part(_prefixes, entry.prefix());
+    const std::string* namespaceName = part(_namespaceNames, entry.namespaceName());
+    const std::string* localName = part(_localNames, entry.localName());
 
     // The index is within the table, so this never grows beyond it.
-    while (_names.size() <= index)
-        _names.append(ResolvedName());
-    ResolvedName& name = _names[index];
+    if (_slots.size() <= index)
+        _slots.resize(std::max(FIRST_SLOTS, index + std::size_t(1)));
+    ResolvedName& name = _names.spare();
     name.prefix = prefix;
     name.namespaceName = namespaceName;
     name.localName = localName;
     name.qualifiedName.clear();
-    if (!prefix->empty())
-    {
-        _qualifiedOctets += prefix->size() + 1 + localName->size();
-        if (_qualifiedOctets > FREE_OCTETS + OCTETS_PER_NAME * std::size_t(_names.size()))
-            throw FISException("Qualified names too long");
-        name.qualifiedName.append(*prefix).append(1, ':').append(*localName);
-    }
-    name.resolved = true;
+    if (_areQualified && !prefix->empty())
+        qualify(name);
+    _names.addSpare();
+    _slots[index] = {_document, &name};
     return name;
+}
+
+void ResolvedNames::qualify(ResolvedName& name)
+{
+    _qualifiedOctets += name.prefix->size() + 1 + name.localName->size();
+    if (_qualifiedOctets > FREE_OCTETS + OCTETS_PER_NAME * _slots.size())
+        throw FISException("Qualified names too long");
+    name.qualifiedName.append(*name.prefix).append(1, ':').append(*name.localName);
 }
 
 } // namespace Vesk::FastInfoset

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "StringParser.h"
-#include "PrimitiveCode.h"
 #include "Vesk/FastInfoset/Decoder.h"
-#include "Vesk/FastInfoset/FISParseException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/StringDecoder.h"
 #include <utility>
@@ -16,27 +14,38 @@ namespace
 using Form = StructureObserver::Form;
 using Table = StructureObserver::Table;
 
-constexpr unsigned int LITERAL_NAME = 0xF; // four bits, where an index would start
-
 constexpr DocumentVocabulary::ID CHUNKS = DocumentVocabulary::CONTENT_CHARACTER_CHUNK;
 
 } // namespace
 
 template <class Observation>
-void StringParser<Observation>::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary)
+StringParser<Observation>::StringParser(Observation& observation)
+    : _observation(observation),
+      _elementNames(entries(DocumentVocabulary::PREFIX), entries(DocumentVocabulary::NAMESPACE_NAME),
+                    entries(DocumentVocabulary::LOCAL_NAME)),
+      _attributeNames(entries(DocumentVocabulary::PREFIX), entries(DocumentVocabulary::NAMESPACE_NAME),
+                      entries(DocumentVocabulary::LOCAL_NAME))
+{
+}
+
+template <class Observation>
+void StringParser<Observation>::begin(BitStreamReader& reader, DocumentVocabulary& vocabulary, bool areNamesQualified)
 {
     _reader = &reader;
     _vocabulary = &vocabulary;
     for (int id = DocumentVocabulary::PREFIX; id <= DocumentVocabulary::CONTENT_CHARACTER_CHUNK; ++id)
-        _entries[id] = &vocabulary.vocabulary(static_cast<DocumentVocabulary::ID>(id)).entries();
-    _elementNames.begin(vocabulary.elementNames(), vocabulary);
-    _attributeNames.begin(vocabulary.attributeNames(), vocabulary);
+    {
+        const auto table = static_cast<DocumentVocabulary::ID>(id);
+        entries(table).begin(vocabulary.vocabulary(table));
+    }
+    _elementNames.begin(vocabulary.elementNames(), areNamesQualified);
+    _attributeNames.begin(vocabulary.attributeNames(), false);
 }
 
 template <class Observation>
 const std::string& StringParser<Observation>::parseIdentifyingStringOrIndex(DocumentVocabulary::ID table)
 {
-    const std::string& text = value(table, parseIndex(table));
+    const std::string& text = entries(table)[parseIndex(table)];
     _observation.string(table, &text);
     return text;
 }
@@ -55,52 +64,19 @@ unsigned int StringParser<Observation>::parseIndex(DocumentVocabulary::ID table)
         _observation.indexed(index);
         return index;
     }
-    readString(PrimitiveCode::stringLength(*_reader, octet & 0x7F, 7), _literal);
-    bool existed = false;
-    const unsigned int index = _vocabulary->vocabulary(table).index(_literal, existed);
-    _observation.added(index);
+    unsigned int index = 0;
+    readEntry(table, PrimitiveCode::stringLength(*_reader, octet & 0x7F, 7), index);
     return index;
 }
 
-//   ??iiiiii    an index
-//   ??1111pn    a literal: prefix present, namespace name present
 template <class Observation>
-const ResolvedName& StringParser<Observation>::parseElementName(unsigned int octet)
+const ResolvedName& StringParser<Observation>::parseLiteralName(ResolvedNames& names, Table table, unsigned int octet)
 {
-    const unsigned int group = octet & 0x3F;
-    if (group >> 2 != LITERAL_NAME)
-    {
-        const unsigned int index = PrimitiveCode::integerOnThirdBit(*_reader, group);
-        const ResolvedName& name = _elementNames.name(index);
-        _observation.indexedName(Table::ELEMENT_NAME, index, name);
-        return name;
-    }
-    _observation.literalName(Table::ELEMENT_NAME);
+    _observation.literalName(table);
     bool existed = false;
-    const unsigned int index = _vocabulary->elementNames().index(parseLiteralName(octet), existed);
-    const ResolvedName& name = _elementNames.name(index);
-    _observation.addedName(Table::ELEMENT_NAME, index, name);
-    return name;
-}
-
-//   ?iiiiiii    an index
-//   ?1111?pn    a literal: prefix present, namespace name present
-template <class Observation>
-const ResolvedName& StringParser<Observation>::parseAttributeName(unsigned int octet)
-{
-    const unsigned int group = octet & 0x7F;
-    if (group >> 3 != LITERAL_NAME)
-    {
-        const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, group);
-        const ResolvedName& name = _attributeNames.name(index);
-        _observation.indexedName(Table::ATTRIBUTE_NAME, index, name);
-        return name;
-    }
-    _observation.literalName(Table::ATTRIBUTE_NAME);
-    bool existed = false;
-    const unsigned int index = _vocabulary->attributeNames().index(parseLiteralName(octet), existed);
-    const ResolvedName& name = _attributeNames.name(index);
-    _observation.addedName(Table::ATTRIBUTE_NAME, index, name);
+    const unsigned int index = names.table().index(parseLiteralName(octet), existed);
+    const ResolvedName& name = names[index];
+    _observation.addedName(table, index, name);
     return name;
 }
 
@@ -119,66 +95,74 @@ inline unsigned int StringParser<Observation>::parseNamePart(DocumentVocabulary:
 {
     const unsigned int index = parseIndex(table);
     if constexpr (Observation::ENABLED)
-        _observation.string(table, index < _entries[table]->size() ? &(*_entries[table])[index] : nullptr);
+    {
+        const VerbTable<std::string>& texts = _vocabulary->vocabulary(table).entries();
+        _observation.string(table, index < texts.size() ? &texts[index] : nullptr);
+    }
     return index;
 }
 
-//   1iiiiiii    an index
-//   0assssss    an encoded character string that is added to the table or not
+// 0assssss: whether the string is added to the table, its form.
 template <class Observation>
-const std::string& StringParser<Observation>::parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table,
-                                                                                  std::string& buffer)
+const std::string& StringParser<Observation>::parseLiteral(DocumentVocabulary::ID table, unsigned int octet,
+                                                           std::string& buffer)
 {
-    const unsigned int octet = readOctet("Unexpected end of stream while parsing non identifying string or index");
-    if ((octet & 0x80) != 0)
+    const bool addToTable = (octet & 0x40) != 0;
+    unsigned int index = 0;
+    const std::string* text = &buffer;
+    if ((octet & 0x30) == 0) // UTF-8
     {
-        const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
-        const std::string& text = value(table, index);
-        _observation.indexed(index);
-        _observation.string(table, &text);
-        return text;
+        const unsigned long octetCount = PrimitiveCode::stringLength(*_reader, octet & 0xF, 4);
+        if (addToTable)
+            text = &readEntry(table, octetCount, index);
+        else
+            readString(octetCount, buffer);
     }
-    const AutoPtr<Encoding> typed = parseEncodedCharacterString(octet, 6, buffer);
-    if (typed)
-        typed->text(buffer);
-    const std::string& text = (octet & 0x40) != 0 ? enter(table, buffer) : buffer;
-    _observation.string(table, &text);
-    return text;
+    else
+    {
+        const AutoPtr<Encoding> typed = parseEncodedCharacterString(octet, 6, buffer);
+        if (typed)
+            typed->text(buffer);
+        if (addToTable)
+            text = &enter(table, buffer, index);
+    }
+    _observation.string(table, text);
+    return *text;
 }
 
 //   ??1iiiii    an index
 //   ??0assss    an encoded character string that is added to the table or not
 template <class Observation>
-CharacterContent StringParser<Observation>::parseCharacterChunk(unsigned int octet)
+const std::string* StringParser<Observation>::parseCharacterChunk(unsigned int octet, AutoPtr<Encoding>& value)
 {
-    CharacterContent content;
+    const bool addToTable = (octet & 0x10) != 0;
+    unsigned int index = 0;
+    const std::string* text = &_chunk;
     if ((octet & 0x20) != 0)
     {
-        const unsigned int index = PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F);
-        content.text = &value(CHUNKS, index);
+        index = PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F);
+        text = &entries(CHUNKS)[index];
         _observation.indexed(index);
-        _observation.string(CHUNKS, content.text);
-        return content;
     }
-
-    const bool addToTable = (octet & 0x10) != 0;
-    content.value = parseEncodedCharacterString(octet, 4, _chunk);
-    content.text = &_chunk;
-    if (addToTable && !content.value)
+    else if ((octet & 0xC) == 0) // UTF-8
     {
-        content.text = &enter(CHUNKS, _chunk);
+        const unsigned long octetCount = PrimitiveCode::stringLength(*_reader, octet & 3, 2);
+        if (addToTable)
+            text = &readEntry(CHUNKS, octetCount, index);
+        else
+            readString(octetCount, _chunk);
     }
-    else if (addToTable)
+    else
     {
-        content.value->text(_text);
-        enter(CHUNKS, _text);
+        value = parseEncodedCharacterString(octet, 4, _chunk);
+        // Of a value that enters no table only an observer needs the text.
+        if (value && (Observation::ENABLED || addToTable))
+            value->text(_chunk);
+        if (addToTable)
+            text = &enter(CHUNKS, _chunk, index);
     }
-    else if (Observation::ENABLED && content.value)
-    {
-        content.value->text(_text); // which nobody but the observer needs
-    }
-    _observation.string(CHUNKS, content.value ? &_text : content.text);
-    return content;
+    _observation.string(CHUNKS, text);
+    return value ? nullptr : text;
 }
 
 // In the last numOfBits bits (6 or 4) of the octet:
@@ -228,36 +212,38 @@ AutoPtr<Encoding> StringParser<Observation>::parseEncodedCharacterString(unsigne
 }
 
 template <class Observation>
-inline unsigned int StringParser<Observation>::readOctet(const char* endOfStreamMessage)
-{
-    unsigned int octet = 0;
-    if (!_reader->readOctet(octet))
-        throw FISParseException(endOfStreamMessage);
-    return octet;
-}
-
-template <class Observation>
 inline void StringParser<Observation>::readString(unsigned long octetCount, std::string& octets)
 {
     if (!_reader->read(octets, octetCount))
         PrimitiveCode::throwEndOfString(*_reader);
 }
 
+// The octets of a string that enters the table, and its index.
 template <class Observation>
-inline const std::string& StringParser<Observation>::value(DocumentVocabulary::ID table, unsigned int index) const
+const std::string& StringParser<Observation>::readEntry(DocumentVocabulary::ID table, unsigned long octetCount,
+                                                        unsigned int& index)
 {
-    const VerbTable<std::string>& entries = *_entries[table];
-    // Beyond the end the table itself throws what its implementation throws.
-    return index < entries.size() ? entries[index] : _vocabulary->vocabulary(table).value(index);
+    VectorVocabulary<std::string>* const vector = entries(table).vector();
+    if (!vector)
+    {
+        readString(octetCount, _literal);
+        return enter(table, _literal, index);
+    }
+    std::string& text = vector->spare();
+    readString(octetCount, text);
+    index = vector->addSpare();
+    entries(table).note(index, text);
+    _observation.added(index);
+    return text;
 }
 
 template <class Observation>
-const std::string& StringParser<Observation>::enter(DocumentVocabulary::ID table, const std::string& text)
+const std::string& StringParser<Observation>::enter(DocumentVocabulary::ID table, const std::string& text,
+                                                    unsigned int& index)
 {
-    bool existed = false;
-    const unsigned int index = _vocabulary->vocabulary(table).index(text, existed);
+    index = entries(table).enter(text);
     _observation.added(index);
-    return value(table, index);
+    return entries(table)[index];
 }
 
 template class StringParser<Unobserved>;

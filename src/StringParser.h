@@ -3,7 +3,9 @@
 #define VESK_FASTINFOSET_STRINGPARSER_H
 
 #include "Observation.h"
+#include "PrimitiveCode.h"
 #include "ResolvedNames.h"
+#include "StringEntries.h"
 #include "Vesk/AutoPtr.h"
 #include "Vesk/FastInfoset/DocumentVocabulary.h"
 #include "Vesk/FastInfoset/Encoding.h"
@@ -11,15 +13,6 @@
 
 namespace Vesk::FastInfoset
 {
-
-class BitStreamReader;
-
-/// Character content: plain text, or a typed value if there is one. The text is good until the next read.
-struct CharacterContent
-{
-    const std::string* text = nullptr;
-    AutoPtr<Encoding> value;
-};
 
 /// Reads strings, names and character content: every text of a document is a literal or an index into a table of the
 /// vocabulary, and every literal is UTF-8, UTF-16, text in a restricted alphabet or a value of an encoding algorithm.
@@ -35,13 +28,11 @@ class StringParser
 {
 public:
     /// The observation is borrowed.
-    explicit StringParser(Observation& observation)
-        : _observation(observation)
-    {
-    }
+    explicit StringParser(Observation& observation);
 
-    /// Starts with the body of a document: the vocabulary is as its header has left it. Both are borrowed.
-    void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary);
+    /// Starts with the body of a document: the vocabulary is as its header has left it. Both are borrowed. Elements have
+    /// their qualified names if they are wanted.
+    void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary, bool areNamesQualified);
 
     /// An identifying string (X.891 C.13). The result belongs to the table.
     const std::string& parseIdentifyingStringOrIndex(DocumentVocabulary::ID table);
@@ -56,30 +47,91 @@ public:
     /// literals that enter no table are read.
     const std::string& parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table, std::string& buffer);
 
-    /// Character content, in the last six bits of the octet (X.891 C.15). Typed values stay typed.
-    CharacterContent parseCharacterChunk(unsigned int octet);
+    /// Character content, in the last six bits of the octet (X.891 C.15): plain text that is good until the next read,
+    /// or null and a typed value.
+    const std::string* parseCharacterChunk(unsigned int octet, AutoPtr<Encoding>& value);
 
 private:
+    StringEntries& entries(DocumentVocabulary::ID table) { return _entries[table - DocumentVocabulary::PREFIX]; }
+
     unsigned int readOctet(const char* endOfStreamMessage);
     void readString(unsigned long octetCount, std::string& octets);
     unsigned int parseIndex(DocumentVocabulary::ID table);
     unsigned int parseNamePart(DocumentVocabulary::ID table);
     QualifiedNameEntry parseLiteralName(unsigned int octet);
+    const ResolvedName& parseLiteralName(ResolvedNames& names, Observed::Table table, unsigned int octet);
+    const std::string& parseLiteral(DocumentVocabulary::ID table, unsigned int octet, std::string& buffer);
     AutoPtr<Encoding> parseEncodedCharacterString(unsigned int octet, int numOfBits, std::string& text);
-    const std::string& value(DocumentVocabulary::ID table, unsigned int index) const;
-    const std::string& enter(DocumentVocabulary::ID table, const std::string& text);
+    const std::string& readEntry(DocumentVocabulary::ID table, unsigned long octetCount, unsigned int& index);
+    const std::string& enter(DocumentVocabulary::ID table, const std::string& text, unsigned int& index);
 
     Observation& _observation;
     BitStreamReader* _reader = nullptr;
     DocumentVocabulary* _vocabulary = nullptr;
-    const VerbTable<std::string>* _entries[DocumentVocabulary::CONTENT_CHARACTER_CHUNK + 1] = {};
+    StringEntries _entries[DocumentVocabulary::CONTENT_CHARACTER_CHUNK - DocumentVocabulary::PREFIX + 1];
     ResolvedNames _elementNames;
     ResolvedNames _attributeNames;
     std::string _literal; // an identifying string on its way to the table
     std::string _octets;  // octets of text in another encoding
-    std::string _chunk;   // character content that is in no table
-    std::string _text;    // the text of a typed value on its way to the table
+    std::string _chunk;   // character content that is in no table, or on its way there
 };
+
+// What most elements and attributes consist of: names and strings that are indexes.
+
+//   ??iiiiii    an index
+//   ??1111pn    a literal: prefix present, namespace name present
+template <class Observation>
+inline const ResolvedName& StringParser<Observation>::parseElementName(unsigned int octet)
+{
+    constexpr unsigned int LITERAL = 0b111100;
+    const unsigned int group = octet & 0x3F;
+    if (group >= LITERAL)
+        return parseLiteralName(_elementNames, Observed::Table::ELEMENT_NAME, octet);
+    const unsigned int index = PrimitiveCode::integerOnThirdBit(*_reader, group);
+    const ResolvedName& name = _elementNames[index];
+    _observation.indexedName(Observed::Table::ELEMENT_NAME, index, name);
+    return name;
+}
+
+//   ?iiiiiii    an index
+//   ?1111?pn    a literal: prefix present, namespace name present
+template <class Observation>
+inline const ResolvedName& StringParser<Observation>::parseAttributeName(unsigned int octet)
+{
+    constexpr unsigned int LITERAL = 0b1111000;
+    const unsigned int group = octet & 0x7F;
+    if (group >= LITERAL)
+        return parseLiteralName(_attributeNames, Observed::Table::ATTRIBUTE_NAME, octet);
+    const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, group);
+    const ResolvedName& name = _attributeNames[index];
+    _observation.indexedName(Observed::Table::ATTRIBUTE_NAME, index, name);
+    return name;
+}
+
+//   1iiiiiii    an index
+//   0assssss    an encoded character string that is added to the table or not
+template <class Observation>
+inline const std::string& StringParser<Observation>::parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table,
+                                                                                         std::string& buffer)
+{
+    const unsigned int octet = readOctet("Unexpected end of stream while parsing non identifying string or index");
+    if ((octet & 0x80) == 0)
+        return parseLiteral(table, octet, buffer);
+    const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
+    const std::string& text = entries(table)[index];
+    _observation.indexed(index);
+    _observation.string(table, &text);
+    return text;
+}
+
+template <class Observation>
+inline unsigned int StringParser<Observation>::readOctet(const char* endOfStreamMessage)
+{
+    unsigned int octet = 0;
+    if (!_reader->readOctet(octet))
+        throw FISParseException(endOfStreamMessage);
+    return octet;
+}
 
 } // namespace Vesk::FastInfoset
 

@@ -109,6 +109,7 @@ private:
     unsigned long unreadBits() const { return unreadOctets() * 8 - _bitOffset; }
     bool require(int numOfBits) { return unreadBits() >= static_cast<unsigned long>(numOfBits) || refill(numOfBits); }
     bool refill(int numOfBits);
+    bool readPiecewise(std::string& octets, unsigned long octetCount);
     void advance(unsigned long numOfBits);
     unsigned long takeBits(int numOfBits);
     unsigned long nextBlock(const char*& block, unsigned long octetCount);
@@ -142,6 +143,15 @@ inline bool BitStreamReader::readOctet(unsigned int& octet)
     if (_next == _end && !refill(8))
         return false;
     octet = *_next++;
+    return true;
+}
+
+inline bool BitStreamReader::read(std::string& octets, unsigned long octetCount)
+{
+    if (_bitOffset != 0 || octetCount > unreadOctets())
+        return readPiecewise(octets, octetCount);
+    octets.assign(reinterpret_cast<const char*>(_next), octetCount);
+    _next += octetCount;
     return true;
 }
 

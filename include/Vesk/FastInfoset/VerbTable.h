@@ -32,8 +32,15 @@ public:
     VerbTable& operator=(const VerbTable&) = delete;
 
     /// Adds a copy of the value behind the last entry and returns its index. If memory runs out the table is unchanged.
-    /// Throws std::length_error after 2^32 - 16 entries.
+    /// Throws std::length_error after 2^32 - 8 entries.
     unsigned int append(const T& value);
+
+    /// The place behind the last entry, with whatever an earlier entry has left there. Filling it and calling addSpare
+    /// saves the copy that append makes. It stays no entry until then. Throws what append throws.
+    T& spare();
+
+    /// Makes the place that spare() has handed out an entry, and returns its index.
+    unsigned int addSpare() { return _size++; }
 
     /// Drops the entries from newSize on; references to them become invalid. A larger newSize changes nothing.
     /// The cost follows the number of entries dropped. The memory of short strings in the first chunks is kept for
@@ -56,14 +63,14 @@ public:
 private:
     // The first chunk is part of the table and short, because most messages leave most of their ten tables almost
     // empty: such a table costs no allocation of its own.
-    static constexpr unsigned int FIRST_CHUNK_BITS = 4;
+    static constexpr unsigned int FIRST_CHUNK_BITS = 3;
     static constexpr unsigned int FIRST_CHUNK_SIZE = 1u << FIRST_CHUNK_BITS;
 
-    // Chunks of 2^4 to 2^31 entries: 2^32 - 16 entries, all that 32 bits can number.
-    static constexpr unsigned int MAX_CHUNKS = 28;
+    // Chunks of 2^3 to 2^31 entries: 2^32 - 8 entries, all that 32 bits can number.
+    static constexpr unsigned int MAX_CHUNKS = 29;
 
-    // What truncate() keeps: at most 1008 entries of at most 256 octets each.
-    static constexpr unsigned int KEPT_CHUNKS = 6;
+    // What truncate() keeps: at most 1016 entries of at most 256 octets each.
+    static constexpr unsigned int KEPT_CHUNKS = 7;
     static constexpr std::size_t KEPT_OCTETS = 256;
 
     static unsigned int highestBit(unsigned int value);
@@ -96,15 +103,21 @@ VerbTable<T>::VerbTable(const VerbTable& other)
 }
 
 template <class T>
-unsigned int VerbTable<T>::append(const T& value)
+inline unsigned int VerbTable<T>::append(const T& value)
+{
+    spare() = value;
+    return addSpare();
+}
+
+template <class T>
+inline T& VerbTable<T>::spare()
 {
     const unsigned int chunk = chunkOf(_size);
     if (chunk >= MAX_CHUNKS)
         throw std::length_error("vocabulary table too long");
     if (_chunks[chunk] == nullptr)
         _chunks[chunk] = new T[chunkSize(chunk)]();
-    _chunks[chunk][_size - chunkStart(chunk)] = value;
-    return _size++;
+    return _chunks[chunk][_size - chunkStart(chunk)];
 }
 
 template <class T>

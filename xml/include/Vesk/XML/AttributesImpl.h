@@ -53,7 +53,7 @@ public:
     void addReferences(const XMLString& uri, const XMLString& localName, const XMLString& qname, const XMLString& type,
                        const XMLString& value)
     {
-        _attributes.push_back({&uri, &localName, &qname, &type, &value});
+        _attributes.emplace_back() = {&uri, &localName, &qname, &type, &value};
     }
 
     /// Removes an attribute; those behind it move up.
