@@ -42,6 +42,8 @@ const DocumentVocabulary& checkWritable(const DocumentVocabulary& vocabulary)
 
 const XML::AttributesImpl NO_ATTRIBUTES;
 
+constexpr std::size_t USUAL_DEPTH = 32; // of most documents; deeper ones take more memory as they go
+
 } // namespace
 
 /// The time in which one event is written: what it finishes goes to the stream in one call when it is done. If it fails
@@ -73,11 +75,12 @@ FastInfosetWriter::FastInfosetWriter(std::ostream& stream, bool writeXMLDeclarat
     : _stream(stream, false),
       _writeXMLDeclaration(writeXMLDeclaration),
       _vocabulary(checkWritable(impl)),
-      _states(1, UNINITIALIZED),
       _strings(std::make_unique<StringWriter>(_stream, _vocabulary)),
       _elements(std::make_unique<ElementWriter>(_stream, *_strings)),
       _items(std::make_unique<ItemWriter>(_stream, *_strings))
 {
+    _states.reserve(USUAL_DEPTH);
+    _states.push_back(UNINITIALIZED);
 }
 
 FastInfosetWriter::FastInfosetWriter(std::ostream& stream, bool writeXMLDeclaration,

@@ -11,7 +11,9 @@
 namespace Vesk::FastInfoset
 {
 
-/// Remembers the indexes of strings written lately: a comparison instead of a lookup for those that are written often.
+/// Remembers the indexes of strings written lately, in 2^PLACE_BITS places: a comparison instead of a lookup for those
+/// that are written often.
+template <int PLACE_BITS>
 class StringIndexCache
 {
 public:
@@ -43,7 +45,6 @@ public:
     }
 
 private:
-    static constexpr int PLACE_BITS = 9;
     static constexpr std::size_t PLACE_COUNT = 1u << PLACE_BITS;
 
     const VerbTable<std::string>* _strings = nullptr;

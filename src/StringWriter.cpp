@@ -45,6 +45,8 @@ void StringWriter::begin()
     _attributeNames.begin(_vocabulary.attributeNames().entries(), _vocabulary);
     _values.begin(_vocabulary.vocabulary(DocumentVocabulary::ATTRIBUTE_VALUE).entries());
     _chunks.begin(_vocabulary.vocabulary(DocumentVocabulary::CONTENT_CHARACTER_CHUNK).entries());
+    _prefixes.begin(_vocabulary.vocabulary(DocumentVocabulary::PREFIX).entries());
+    _namespaceNames.begin(_vocabulary.vocabulary(DocumentVocabulary::NAMESPACE_NAME).entries());
 }
 
 void StringWriter::writeIdentifyingString(const std::string& text)
@@ -61,13 +63,52 @@ void StringWriter::writeIdentifyingStringIndex(unsigned int index)
 
 unsigned int StringWriter::writeIdentifyingStringOrIndex(const std::string& text, DocumentVocabulary::ID table)
 {
+    const Entered entered = enter(text, table);
+    writeEntered(entered, text);
+    return entered.index;
+}
+
+StringWriter::Entered StringWriter::enter(const std::string& text, DocumentVocabulary::ID table)
+{
     bool found = false;
-    const unsigned int index = _vocabulary.vocabulary(table).index(text, found);
-    if (found)
-        writeIdentifyingStringIndex(index);
+    NamespaceCache* const recent = namespaceCache(table);
+    if (!recent)
+    {
+        const unsigned int index = _vocabulary.vocabulary(table).index(text, found);
+        return {index, found};
+    }
+    const RecentText key(text);
+    unsigned int index = recent->find(text, key);
+    if (index != 0)
+        return {index, true};
+    index = _vocabulary.vocabulary(table).index(text, found);
+    recent->remember(key, index);
+    return {index, found};
+}
+
+// The empty string stands for an absent part of a name and is never entered: it is the reserved entry 0.
+StringWriter::Entered StringWriter::enterOptional(const std::string& text, DocumentVocabulary::ID table)
+{
+    if (!text.empty())
+        return enter(text, table);
+    const VerbTable<std::string>& entries = _vocabulary.vocabulary(table).entries();
+    return {0, !entries.empty() && entries[0].empty()};
+}
+
+void StringWriter::writeEntered(const Entered& entered, const std::string& text)
+{
+    if (entered.wasKnown)
+        writeIdentifyingStringIndex(entered.index);
     else
         writeIdentifyingString(text);
-    return index;
+}
+
+// The parts of names of which nearly every document has a few only, and long ones.
+inline StringWriter::NamespaceCache* StringWriter::namespaceCache(DocumentVocabulary::ID table)
+{
+    if (table == DocumentVocabulary::PREFIX)
+        return &_prefixes;
+    return table == DocumentVocabulary::NAMESPACE_NAME ? &_namespaceNames : nullptr;
 }
 
 // Behind the lead:
@@ -117,7 +158,7 @@ inline StringWriter::Lookup StringWriter::lookUp(std::string_view text, Document
     if (!text.empty() && (_maxIndexedLength < 0 || text.size() > static_cast<std::size_t>(_maxIndexedLength)))
         return {false, false, 0};
 
-    StringIndexCache* const recent = cache(table);
+    ValueCache* const recent = valueCache(table);
     if (!recent)
         return lookUpInTable(text, table);
     const RecentText key(text);
@@ -148,7 +189,7 @@ StringWriter::Lookup StringWriter::lookUpInTable(std::string_view text, Document
 }
 
 // The tables that are looked up for nearly every event have one.
-inline StringIndexCache* StringWriter::cache(DocumentVocabulary::ID table)
+inline StringWriter::ValueCache* StringWriter::valueCache(DocumentVocabulary::ID table)
 {
     if (table == DocumentVocabulary::ATTRIBUTE_VALUE)
         return &_values;
@@ -235,70 +276,48 @@ unsigned int StringWriter::writeQualifiedNameOrIndex(const std::string& prefix, 
         OctetCode::integer(_stream, lead, leadBits, index);
         return index;
     }
-    if (findName(prefix, uri, localName, isElement, index))
-    {
-        OctetCode::integer(_stream, lead, leadBits, index);
-    }
-    else
-    {
-        OctetCode::writeLead(_stream, lead | (isElement ? 0x3Cu : 0x78u), 6);
-        index = writeQualifiedName(prefix, uri, localName, isElement);
-    }
+    index = enterAndWriteName(prefix, uri, localName, isElement, lead);
     cache.remember(prefix, key, index);
     return index;
 }
 
-// Looks up without adding: a name is in the table only if all its parts are. Absent parts are found as entry 0.
-bool StringWriter::findName(const std::string& prefix, const std::string& uri, const std::string& localName,
-                            bool isElement, unsigned int& index) const
+// A name is in the table only if all its parts are. What is new is entered before anything is written, so that each
+// part is looked up once.
+unsigned int StringWriter::enterAndWriteName(const std::string& prefix, const std::string& uri,
+                                             const std::string& localName, bool isElement, unsigned int lead)
 {
+    const Entered prefixEntry = enterOptional(prefix, DocumentVocabulary::PREFIX);
+    const Entered uriEntry = enterOptional(uri, DocumentVocabulary::NAMESPACE_NAME);
+    const Entered localNameEntry = enter(localName, DocumentVocabulary::LOCAL_NAME);
     bool found = false;
-    const unsigned int prefixIndex = findPart(DocumentVocabulary::PREFIX, prefix, found);
-    if (!found)
-        return false;
-    const unsigned int uriIndex = findPart(DocumentVocabulary::NAMESPACE_NAME, uri, found);
-    if (!found)
-        return false;
-    const unsigned int localNameIndex = findPart(DocumentVocabulary::LOCAL_NAME, localName, found);
-    if (!found)
-        return false;
-    index = names(isElement).exists(QualifiedNameEntry(prefixIndex, uriIndex, localNameIndex), found);
-    return found;
-}
-
-unsigned int StringWriter::findPart(DocumentVocabulary::ID table, const std::string& part, bool& found) const
-{
-    const Vocabulary<std::string>& strings = _vocabulary.vocabulary(table);
-    found = part.empty() && !strings.entries().empty() && strings.entries()[0].empty();
-    return found ? 0 : strings.exists(part, found);
+    const QualifiedNameEntry name(prefixEntry.index, uriEntry.index, localNameEntry.index);
+    const unsigned int index = names(isElement).index(name, found);
+    if (found && prefixEntry.wasKnown && uriEntry.wasKnown && localNameEntry.wasKnown)
+    {
+        OctetCode::integer(_stream, lead, isElement ? 2 : 1, index);
+        return index;
+    }
+    _stream.writeOctet(lead | (isElement ? 0x3Cu : 0x78u) | (prefix.empty() ? 0 : 2) | (uri.empty() ? 0 : 1));
+    if (!prefix.empty())
+        writeEntered(prefixEntry, prefix);
+    if (!uri.empty())
+        writeEntered(uriEntry, uri);
+    writeEntered(localNameEntry, localName);
+    return index;
 }
 
 // Prefix present, namespace name present, then those that are, and the local name.
-unsigned int StringWriter::writeQualifiedName(const std::string& prefix, const std::string& uri,
-                                              const std::string& localName, bool isElement)
-{
-    _stream.write(!prefix.empty());
-    _stream.write(!uri.empty());
-    unsigned int prefixIndex = 0;
-    unsigned int uriIndex = 0;
-    if (!prefix.empty())
-        prefixIndex = writeIdentifyingStringOrIndex(prefix, DocumentVocabulary::PREFIX);
-    if (!uri.empty())
-        uriIndex = writeIdentifyingStringOrIndex(uri, DocumentVocabulary::NAMESPACE_NAME);
-    const unsigned int localNameIndex = writeIdentifyingStringOrIndex(localName, DocumentVocabulary::LOCAL_NAME);
-    return insertQualifiedName(QualifiedNameEntry(prefixIndex, uriIndex, localNameIndex), isElement);
-}
-
 unsigned int StringWriter::writeQualifiedName(const QualifiedNameEntry& name, bool isElement)
 {
-    return writeQualifiedName(_vocabulary.vocabulary(DocumentVocabulary::PREFIX).value(name.prefix()),
-                              _vocabulary.vocabulary(DocumentVocabulary::NAMESPACE_NAME).value(name.namespaceName()),
-                              _vocabulary.vocabulary(DocumentVocabulary::LOCAL_NAME).value(name.localName()),
-                              isElement);
-}
-
-unsigned int StringWriter::insertQualifiedName(const QualifiedNameEntry& name, bool isElement)
-{
+    const bool hasPrefix = name.prefix() != 0;
+    const bool hasURI = name.namespaceName() != 0;
+    _stream.write(hasPrefix);
+    _stream.write(hasURI);
+    if (hasPrefix)
+        writeIdentifyingStringIndex(name.prefix());
+    if (hasURI)
+        writeIdentifyingStringIndex(name.namespaceName());
+    writeIdentifyingStringIndex(name.localName());
     bool found = false;
     return names(isElement).index(name, found);
 }

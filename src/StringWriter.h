@@ -76,9 +76,7 @@ public:
     /// lead.
     unsigned int writeQualifiedNameOrIndex(const std::string& prefix, const std::string& uri,
                                            const std::string& localName, bool isElement, unsigned int lead);
-    /// What follows the mark of a literal name, at bit offset 6.
-    unsigned int writeQualifiedName(const std::string& prefix, const std::string& uri, const std::string& localName,
-                                    bool isElement);
+    /// What follows the mark of a literal name, at bit offset 6. The parts are in the tables.
     unsigned int writeQualifiedName(const QualifiedNameEntry& name, bool isElement);
 
     /// @}
@@ -91,14 +89,26 @@ private:
         unsigned int index; // 0 if neither
     };
 
-    StringIndexCache* cache(DocumentVocabulary::ID table);
+    using ValueCache = StringIndexCache<9>;
+    using NamespaceCache = StringIndexCache<4>;
+
+    /// What is in its table now, and whether it was before.
+    struct Entered
+    {
+        unsigned int index;
+        bool wasKnown;
+    };
+
+    ValueCache* valueCache(DocumentVocabulary::ID table);
+    NamespaceCache* namespaceCache(DocumentVocabulary::ID table);
     Lookup lookUp(std::string_view text, DocumentVocabulary::ID table);
     Lookup lookUpInTable(std::string_view text, DocumentVocabulary::ID table);
     unsigned int writeLookup(const Lookup& lookup);
-    bool findName(const std::string& prefix, const std::string& uri, const std::string& localName, bool isElement,
-                  unsigned int& index) const;
-    unsigned int findPart(DocumentVocabulary::ID table, const std::string& part, bool& found) const;
-    unsigned int insertQualifiedName(const QualifiedNameEntry& name, bool isElement);
+    Entered enter(const std::string& text, DocumentVocabulary::ID table);
+    Entered enterOptional(const std::string& text, DocumentVocabulary::ID table);
+    void writeEntered(const Entered& entered, const std::string& text);
+    unsigned int enterAndWriteName(const std::string& prefix, const std::string& uri, const std::string& localName,
+                                   bool isElement, unsigned int lead);
     Vocabulary<QualifiedNameEntry>& names(bool isElement) const;
 
     BitStreamWriter& _stream;
@@ -107,8 +117,10 @@ private:
     bool _inCDATA = false;
     NameIndexCache _elementNames;
     NameIndexCache _attributeNames;
-    StringIndexCache _values;
-    StringIndexCache _chunks;
+    ValueCache _values;
+    ValueCache _chunks;
+    NamespaceCache _prefixes;
+    NamespaceCache _namespaceNames;
     std::string _key; // the text being looked up
 };
 
