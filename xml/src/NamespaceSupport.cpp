@@ -2,6 +2,7 @@
 #include "Vesk/XML/NamespaceSupport.h"
 #include "Vesk/Bugcheck.h"
 #include "Vesk/Hash.h"
+#include <algorithm>
 
 namespace Vesk::XML
 {
@@ -32,6 +33,8 @@ std::size_t NamespaceSupport::StringHash::operator()(const XMLString& text) cons
 
 NamespaceSupport::NamespaceSupport()
 {
+    // What most documents need at most, in one piece.
+    _declarations.reserve(8);
     reset();
 }
 
@@ -86,6 +89,9 @@ void NamespaceSupport::undeclarePrefix(const XMLString& prefix)
 
 void NamespaceSupport::reset()
 {
+    // As it is made; its map entries are those of "xml".
+    if (_depth == OUTERMOST && _prefixes.size() == 1 && _uris.size() == 1)
+        return;
     _declarations.clear();
     _prefixes.clear();
     _uris.clear();
@@ -122,9 +128,7 @@ const XMLString& NamespaceSupport::getURI(const XMLString& prefix) const
 const XMLString* NamespaceSupport::findPrefix(const XMLString& namespaceURI) const
 {
     const auto entry = _uris.find(namespaceURI);
-    if (entry == _uris.end() || entry->second.candidates.empty())
-        return nullptr;
-    return entry->second.candidates.begin()->prefix;
+    return entry != _uris.end() ? entry->second.first.prefix : nullptr;
 }
 
 const XMLString& NamespaceSupport::getPrefix(const XMLString& namespaceURI) const
@@ -139,11 +143,10 @@ const XMLString* NamespaceSupport::findAttributePrefix(const XMLString& namespac
     if (entry == _uris.end())
         return nullptr;
     // The default prefix is one prefix only: at most one candidate has to be passed over.
-    const std::set<Candidate>& candidates = entry->second.candidates;
-    auto candidate = candidates.begin();
-    if (candidate != candidates.end() && candidate->prefix->empty())
-        ++candidate;
-    return candidate != candidates.end() ? candidate->prefix : nullptr;
+    const URIEntry& uri = entry->second;
+    if (!uri.first.prefix || !uri.first.prefix->empty())
+        return uri.first.prefix;
+    return uri.others.empty() ? nullptr : uri.others.begin()->prefix;
 }
 
 void NamespaceSupport::dropContext()
@@ -182,11 +185,27 @@ void NamespaceSupport::unbind(const Declaration& declaration)
 
 void NamespaceSupport::show(const Declaration& declaration)
 {
-    declaration.uri->second.candidates.insert({declaration.depth, &declaration.prefix->first});
+    URIEntry& uri = declaration.uri->second;
+    Candidate candidate = {declaration.depth, &declaration.prefix->first};
+    if (uri.first.prefix)
+        uri.others.insert(std::max(candidate, uri.first));
+    if (!uri.first.prefix || candidate < uri.first)
+        uri.first = candidate;
 }
 
 void NamespaceSupport::hide(const Declaration& declaration)
 {
-    declaration.uri->second.candidates.erase({declaration.depth, &declaration.prefix->first});
+    URIEntry& uri = declaration.uri->second;
+    if (uri.first.prefix != &declaration.prefix->first)
+    {
+        uri.others.erase({declaration.depth, &declaration.prefix->first});
+        return;
+    }
+    uri.first = {0, nullptr};
+    if (!uri.others.empty())
+    {
+        uri.first = *uri.others.begin();
+        uri.others.erase(uri.others.begin());
+    }
 }
 } // namespace Vesk::XML

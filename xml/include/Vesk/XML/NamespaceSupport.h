@@ -104,10 +104,12 @@ private:
         }
     };
 
-    // The prefixes that lead to a URI, and the number of declarations, hidden ones included, that name it.
+    // The prefixes that lead to a URI, and the number of declarations, hidden ones included, that name it. Nearly every
+    // URI has one prefix, which takes no set.
     struct URIEntry
     {
-        std::set<Candidate> candidates;
+        Candidate first = {0, nullptr}; // no prefix: there is none
+        std::set<Candidate> others;
         std::size_t declarations = 0;
     };
 
