@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "CommandLine.h"
+#include "CompareCommand.h"
 #include "ConvertCommand.h"
 #include "DecodeCommand.h"
 #include "EncodeCommand.h"
@@ -26,8 +27,9 @@ ExitStatus run(int argc, char* argv[])
 {
     EncodeCommand encode;
     DecodeCommand decode;
+    CompareCommand compare;
     ConvertCommand convert(encode, decode);
-    Command* const command = readCommandLine({&encode, &decode}, convert, argc, argv);
+    Command* const command = readCommandLine({&encode, &decode, &compare}, convert, argc, argv);
     return command ? command->run() : ExitStatus::SUCCESS;
 }
 

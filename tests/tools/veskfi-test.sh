@@ -606,6 +606,29 @@ test_OptionsOfDecodeDoWhatTheySay()
     [ "$(cat out)" = "$(printf '<a>\n  <b>c</b>\n</a>')" ] || fail "--pretty: $(cat out)"
 }
 
+test_ComparisonTellsTheSizes()
+{
+    printf '<a>%s</a>' "$(seq -s ' ' 1000 1999)" >a.xml
+    run 0 encode a.xml
+    run 0 encode --typed a.xml -o typed.finf
+    run 0 compare a.xml a.finf
+    expectNothingSaid
+    [ "$(grep -c '^  Fast Infoset ' out)" -eq 6 ] || fail "there are not two tables and the total: $(cat out)"
+    local size
+    for size in $(stat -c %s a.xml a.finf typed.finf); do
+        grep -q " $(sed 's/\(...\)$/,\1/' <<<"$size") " out || fail "$size is not in: $(cat out)"
+    done
+    run 0 compare <a.xml
+    grep -q '^standard input' out && ! grep -q total out || fail "of one document: $(cat out)"
+    echo '<a>' >bad.xml
+    run 3 compare bad.xml missing.xml a.xml a.xml
+    [ "$(cat err)" = "veskfi: bad.xml: line 2, column 1: no element found
+veskfi: missing.xml: No such file or directory" ] || fail "it says: $(cat err)"
+    grep -q '^total of 2 documents' out || fail "the others are not compared: $(cat out)"
+    "$veskfi" compare a.xml >/dev/full 2>err && fail "standard output is full, and nobody noticed"
+    expectError "standard output: No space left on device"
+}
+
 test_LargeInputIsStreamed()
 {
     (echo '<a>' && yes '<b c="d">text of an element</b>' | head -n 500000 && echo '</a>') >a.xml
