@@ -69,9 +69,10 @@ const ResolvedName& ResolvedNames::resolve(unsigned int index)
     name.prefix = prefix;
     name.namespaceName = namespaceName;
     name.localName = localName;
-    name.qualifiedName.clear();
     if (_areQualified && !prefix->empty())
         qualify(name);
+    else
+        name.qualifiedName.clear();
     _names.addSpare();
     _slots[index] = {_document, &name};
     return name;
@@ -82,7 +83,9 @@ void ResolvedNames::qualify(ResolvedName& name)
     _qualifiedOctets += name.prefix->size() + 1 + name.localName->size();
     if (_qualifiedOctets > FREE_OCTETS + OCTETS_PER_NAME * _slots.size())
         throw FISException("Qualified names too long");
-    name.qualifiedName.append(*name.prefix).append(1, ':').append(*name.localName);
+    name.qualifiedName = *name.prefix;
+    name.qualifiedName += ':';
+    name.qualifiedName += *name.localName;
 }
 
 } // namespace Vesk::FastInfoset

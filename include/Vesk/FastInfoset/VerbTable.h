@@ -26,7 +26,11 @@ class VerbTable
 {
 public:
     /// An empty table. A copy has copies of the entries.
-    VerbTable() { _chunks[0] = _firstChunk.data(); }
+    VerbTable()
+    {
+        _chunks[0] = _firstChunk.data();
+        seekSpare();
+    }
     VerbTable(const VerbTable& other);
     ~VerbTable() { releaseChunks(1); }
     VerbTable& operator=(const VerbTable&) = delete;
@@ -40,7 +44,11 @@ public:
     T& spare();
 
     /// Makes the place that spare() has handed out an entry, and returns its index.
-    unsigned int addSpare() { return _size++; }
+    unsigned int addSpare()
+    {
+        ++_spare;
+        return _size++;
+    }
 
     /// Drops the entries from newSize on; references to them become invalid. A larger newSize changes nothing.
     /// The cost follows the number of entries dropped. The memory of short strings in the first chunks is kept for
@@ -79,6 +87,8 @@ private:
     static unsigned int chunkStart(unsigned int chunk) { return chunkSize(chunk) - FIRST_CHUNK_SIZE; }
 
     T* place(unsigned int index) const;
+    void seekSpare();
+    void addChunk();
     void releaseChunks(unsigned int from);
 
     static void releaseLarge(std::string& text);
@@ -91,6 +101,8 @@ private:
     std::array<T, FIRST_CHUNK_SIZE> _firstChunk{};
     std::array<T*, MAX_CHUNKS> _chunks{}; // the first is _firstChunk, so that no access has to ask; owns the others
     unsigned int _size = 0;
+    T* _spare = nullptr;    // the place behind the last entry, or _chunkEnd
+    T* _chunkEnd = nullptr; // of the chunk in which it lies, or null if there is no such chunk
 };
 
 // The default constructor has run to its end, so the destructor cleans up if appending fails.
@@ -112,12 +124,30 @@ inline unsigned int VerbTable<T>::append(const T& value)
 template <class T>
 inline T& VerbTable<T>::spare()
 {
+    if (_spare == _chunkEnd)
+        addChunk();
+    return *_spare;
+}
+
+// The chunk in which the last entry lies is full, or there is none.
+template <class T>
+void VerbTable<T>::addChunk()
+{
     const unsigned int chunk = chunkOf(_size);
     if (chunk >= MAX_CHUNKS)
         throw std::length_error("vocabulary table too long");
     if (_chunks[chunk] == nullptr)
         _chunks[chunk] = new T[chunkSize(chunk)]();
-    return _chunks[chunk][_size - chunkStart(chunk)];
+    seekSpare();
+}
+
+template <class T>
+void VerbTable<T>::seekSpare()
+{
+    const unsigned int chunk = chunkOf(_size);
+    T* const entries = _chunks[chunk];
+    _spare = entries == nullptr ? nullptr : entries + (_size - chunkStart(chunk));
+    _chunkEnd = entries == nullptr ? nullptr : entries + chunkSize(chunk);
 }
 
 template <class T>
@@ -136,6 +166,7 @@ void VerbTable<T>::truncate(unsigned int newSize)
             releaseLarge(entries[i]);
     }
     _size = newSize;
+    seekSpare();
 }
 
 template <class T>
