@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "CheckCommand.h"
 #include "CommandLine.h"
-#include "CompareCommand.h"
 #include "ConvertCommand.h"
 #include "DecodeCommand.h"
 #include "EncodeCommand.h"
 #include "Failure.h"
+#include "InspectCommand.h"
 #include "Messages.h"
+#include "StatisticsCommand.h"
 #include "UnfinishedFiles.h"
 #include <csignal>
 #include <exception>
@@ -27,9 +29,11 @@ ExitStatus run(int argc, char* argv[])
 {
     EncodeCommand encode;
     DecodeCommand decode;
-    CompareCommand compare;
+    InspectCommand inspect;
+    StatisticsCommand statistics;
+    CheckCommand check;
     ConvertCommand convert(encode, decode);
-    Command* const command = readCommandLine({&encode, &decode, &compare}, convert, argc, argv);
+    Command* const command = readCommandLine({&encode, &decode, &inspect, &statistics, &check}, convert, argc, argv);
     return command ? command->run() : ExitStatus::SUCCESS;
 }
 

@@ -1,0 +1,13 @@
+# Every link of the documentation to a file has to lead to one. ROOT is the project's folder.
+file(GLOB documents ${ROOT}/*.md ${ROOT}/docs/*.md ${ROOT}/*/README.md)
+foreach(document IN LISTS documents)
+  file(READ ${document} text)
+  get_filename_component(folder ${document} DIRECTORY)
+  string(REGEX MATCHALL "\\]\\([^)]+\\)" links "${text}")
+  foreach(link IN LISTS links)
+    string(REGEX REPLACE "^..|#.*$|\\)$" "" target "${link}")
+    if(target AND NOT target MATCHES "^https?:" AND NOT EXISTS ${folder}/${target})
+      message(SEND_ERROR "${document} links to ${target}, which is not there")
+    endif()
+  endforeach()
+endforeach()

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#ifndef VESKFI_QUOTED_H
+#define VESKFI_QUOTED_H
+
+#include <cstddef>
+#include <limits>
+#include <string>
+
+namespace Vesk::Tool
+{
+
+/// For what shows all of a text.
+constexpr std::size_t ALL_CHARACTERS = std::numeric_limits<std::size_t>::max();
+
+/// A text of a document as it can be shown in one line of any terminal: characters that control it, or the direction of
+/// writing, are escaped, and so are octets that are no UTF-8. Behind maxCharacters characters "..." stands for the rest.
+std::string shown(const std::string& text, std::size_t maxCharacters);
+
+/// The same between quotation marks; those within the text are escaped.
+std::string quoted(const std::string& text, std::size_t maxCharacters);
+
+/// The text as a JSON string, quotation marks included. Octets that are no UTF-8 become U+FFFD.
+std::string quotedJSON(const std::string& text);
+
+} // namespace Vesk::Tool
+
+#endif // VESKFI_QUOTED_H
