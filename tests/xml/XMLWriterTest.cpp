@@ -129,6 +129,31 @@ TEST(XMLWriterTest, EscapesWhatAReaderWouldChange)
     }
 }
 
+TEST(XMLWriterTest, EscapesAtEveryPlaceOfTextOfEveryLength)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {"<", "&lt;"}, {"\n", "\n"}, {"\xC3\xA4", "\xC3\xA4"}, {"z", "z"}};
+    for (const auto& [octets, escape] : cases)
+    {
+        for (std::size_t before = 0; before < 20; ++before)
+        {
+            for (std::size_t after = 0; after < 20; ++after)
+            {
+                const std::string left = std::string("abcdefghijklmnopqrst").substr(0, before);
+                const std::string right = std::string("ABCDEFGHIJKLMNOPQRST").substr(0, after);
+                const std::string text = left + octets + right + octets;
+                const auto write = [&](XMLWriter& writer)
+                {
+                    writer.startElement("", "e", "", AttributesImpl());
+                    writer.characters(text.data(), 0, static_cast<int>(text.size()));
+                    writer.endElement("", "e", "");
+                };
+                EXPECT_EQ(written(write), "<e>" + left + escape + right + escape + "</e>");
+            }
+        }
+    }
+}
+
 TEST(XMLWriterTest, TakesTextFromStartToLength)
 {
     EXPECT_EQ(written(EVENTS(d.start("a"), d.characters("0123456789", 2, 3), d.ignorableWhitespace("0123456789", 5, 2),

@@ -78,6 +78,10 @@ private:
     }
 
     template <Context CONTEXT>
+    const char* copyPlain(std::string_view text);
+    template <Context CONTEXT>
+    static const char* skipPlain(const char* next, const char* end);
+    template <Context CONTEXT>
     void writeEscaped(std::string_view text);
     std::size_t room() const { return static_cast<std::size_t>(_end - _next); }
     void writeBeyondBuffer(std::string_view markup);
