@@ -1,13 +1,15 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
 #
-# Makes the reference of the API from the public headers, in build/docs/. A public name without a comment is an error.
+# Makes the reference of the API from the public headers. A public name without a comment is an error.
+#
+#   scripts/docs.sh [FOLDER]     build/docs by default; what is in the folder is removed
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh docs
 
-output=build/docs
+output=${1:-build/docs}
 version=$(sed -n 's/^ *VERSION \([0-9.]*\)$/\1/p' CMakeLists.txt)
 rm -rf "$output"
 mkdir -p "$output"

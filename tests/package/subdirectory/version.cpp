@@ -2,8 +2,8 @@
 //
 // Prints the version of the libraries, once they have shown that they are there.
 
-#include "Vesk/NumberFormatter.h"
 #include "Vesk/version.h"
+#include "Vesk/NumberFormatter.h"
 #include <iostream>
 
 static_assert(VESK_VERSION_NUMBER >= VESK_MAKE_VERSION(1, 0, 0));
