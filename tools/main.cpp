@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "CheckCommand.h"
 #include "CommandLine.h"
+#include "CompareCommand.h"
 #include "ConvertCommand.h"
 #include "DecodeCommand.h"
 #include "EncodeCommand.h"
@@ -29,11 +30,13 @@ ExitStatus run(int argc, char* argv[])
 {
     EncodeCommand encode;
     DecodeCommand decode;
+    CompareCommand compare;
     InspectCommand inspect;
     StatisticsCommand statistics;
     CheckCommand check;
     ConvertCommand convert(encode, decode);
-    Command* const command = readCommandLine({&encode, &decode, &inspect, &statistics, &check}, convert, argc, argv);
+    Command* const command =
+        readCommandLine({&encode, &decode, &inspect, &statistics, &check, &compare}, convert, argc, argv);
     return command ? command->run() : ExitStatus::SUCCESS;
 }
 
