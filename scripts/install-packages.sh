@@ -16,11 +16,11 @@ set -euo pipefail
 
 # The compiler and its runtime come with g++; the sanitizers' runtimes, too.
 build_packages=(cmake g++ ninja-build libexpat1-dev libcli11-dev zlib1g-dev)
-# clang, too, has to take the public headers; the tests make Debian packages.
 package_packages=(dpkg-dev file)
-test_packages=(libgtest-dev clang pkg-config "${package_packages[@]}")
-coverage_packages=(gcovr)
 docs_packages=(doxygen)
+# clang, too, has to take the public headers; the tests make Debian packages and the reference.
+test_packages=(libgtest-dev clang pkg-config shared-mime-info "${package_packages[@]}" "${docs_packages[@]}")
+coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev libxml2-dev libpugixml-dev libzstd-dev)
 instructions_packages=(valgrind)
 

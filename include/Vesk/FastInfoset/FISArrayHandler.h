@@ -19,6 +19,7 @@ class VESK_FASTINFOSET_API FISArrayHandler
 public:
     virtual ~FISArrayHandler() = default;
 
+    /// Numbers of one type, in document order. The argument's type tells the encoding algorithm.
     virtual void encodedArray(const short* values, std::size_t count) = 0;
     virtual void encodedArray(const int* values, std::size_t count) = 0;
     virtual void encodedArray(const long* values, std::size_t count) = 0;

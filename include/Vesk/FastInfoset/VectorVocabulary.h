@@ -27,12 +27,10 @@ public:
     VectorVocabulary* clone() const override;
     const VerbTable<T>& entries() const override;
 
-    /// \name Adding without a copy
-    /// As VerbTable does it: spare() hands out the place behind the last entry, to be filled; addSpare() makes it an entry.
-    /// @{
+    /// Add an entry without a copy, as in VerbTable: spare() hands out the place behind the last entry, to be filled;
+    /// addSpare() makes it an entry.
     T& spare() { return _entries.spare(); }
     unsigned int addSpare() { return _entries.addSpare(); }
-    /// @}
 
     /// Leaves the reserved entry 0 and nothing else, whatever the table held. Costs what the entries dropped cost.
     void reset();
