@@ -1,7 +1,8 @@
 #!/bin/bash
 # SPDX-License-Identifier: MIT
 #
-# Builds and runs all tests: optimised, and with the address and undefined-behaviour sanitizers.
+# Builds and runs all tests: optimised, and with the address and undefined-behaviour sanitizers; those of threads with the
+# thread sanitizer, too.
 # Stops at the first step that fails.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -20,7 +21,7 @@ if command -v ninja >/dev/null; then
     export CMAKE_GENERATOR=${CMAKE_GENERATOR:-Ninja}
 fi
 jobs=$(nproc)
-for preset in release asan; do
+for preset in release asan tsan; do
     step "$preset: configure"
     cmake --preset "$preset"
     step "$preset: build"
