@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "InputFile.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
+#include "Vesk/FastInfoset/StructureObserver.h"
 #include "Vesk/XML/InputSource.h"
 #include "Vesk/XML/XMLWriter.h"
 
@@ -11,6 +12,40 @@ namespace Vesk::Tool
 {
 
 using XML::XMLWriter;
+
+namespace
+{
+
+/// Tells of what the parser reads but does not report to the writer.
+class Losses : public FastInfoset::StructureObserver
+{
+public:
+    Losses(const std::string& file, const FastInfoset::FastInfosetParser& parser, Messages& messages)
+        : _file(file),
+          _parser(parser),
+          _messages(messages)
+    {
+    }
+
+    void startStructure(Structure structure) override
+    {
+        if (structure == Structure::ENTITY_REFERENCE)
+            _messages.warning(place() + "a reference to an entity, which was not expanded, is left out");
+        else if (structure == Structure::ADDITIONAL_DATA)
+            _messages.note(place() + "additional data is left out");
+    }
+    void endStructure(Structure) override {}
+    void part(const Part&) override {}
+
+private:
+    std::string place() const { return _file + ": octet " + std::to_string(_parser.octetOffset()) + ": "; }
+
+    const std::string& _file;
+    const FastInfoset::FastInfosetParser& _parser;
+    Messages& _messages;
+};
+
+} // namespace
 
 const char* DecodeCommand::examples() const
 {
@@ -39,6 +74,8 @@ void DecodeCommand::convert(InputFile& input, std::ostream& output)
                                  (_isPretty ? XMLWriter::PRETTY_PRINT : 0));
     FastInfoset::FastInfosetParser parser;
     parser.initialize(&writer);
+    Losses losses(input.name(), parser, messages());
+    parser.setStructureObserver(&losses);
     XML::InputSource source(input);
     try
     {

@@ -3,65 +3,7 @@
 #
 # Runs the tool as its users do:   veskfi-test.sh VESKFI SOURCE_FOLDER TEST
 # Each test runs in an empty folder of its own, which must not hold anything it did not ask for afterwards.
-set -u
-
-veskfi=$1
-document=$2/examples/data/symbols-poi.svg
-test=$3
-
-folder=$(mktemp -d "${TMPDIR:-/tmp}/veskfi-test.XXXXXX")
-trap 'rm -rf "$folder"' EXIT
-cd "$folder" || exit 1
-
-failed=0
-fail()
-{
-    echo "FAILED: $*"
-    failed=1
-}
-
-# run STATUS ARGUMENT...: runs the tool, which must end with this status; what it says goes to the files out and err.
-run()
-{
-    local expected=$1
-    shift
-    "$veskfi" "$@" >out 2>err
-    local status=$?
-    [ $status -eq "$expected" ] || fail "veskfi $* ended with $status instead of $expected: $(cat err)"
-}
-
-# expectError TEXT: the last run has said exactly one line on standard error, and it is the tool's name and this text.
-expectError()
-{
-    [ "$(cat err)" = "veskfi: $1" ] && [ "$(wc -l <err)" -eq 1 ] || fail "the message is not 'veskfi: $1' but: $(cat err)"
-}
-
-# expectErrorLike PATTERN: the same with a pattern of the shell.
-expectErrorLike()
-{
-    # shellcheck disable=SC2053
-    [[ $(cat err) == veskfi:\ $1 ]] && [ "$(wc -l <err)" -eq 1 ] ||
-        fail "the message does not look like 'veskfi: $1': $(cat err)"
-}
-
-expectNothingSaid()
-{
-    [ ! -s err ] || fail "standard error holds: $(cat err)"
-}
-
-expectSame()
-{
-    cmp "$1" "$2" || fail "$1 and $2 differ"
-}
-
-# expectFiles NAME...: the folder holds these and nothing else, hidden or not, beside what run writes.
-expectFiles()
-{
-    local expected found
-    expected=$(printf '%s\n' "$@" | sort)
-    found=$(find . -mindepth 1 ! -name out ! -name err -printf '%P\n' | sort)
-    [ "$found" = "$expected" ] || fail "the folder holds:" $found
-}
+source "$(dirname "$0")/harness.sh"
 
 test_FilesComeBackAsTheyWere()
 {
@@ -578,6 +520,37 @@ veskfi: warning: a.xml: line 3, column 7: the reference "&lost;" in an attribute
     [ "$(grep -v DOCTYPE out)" = '<a b="c">f</a>' ] || fail "came back: $(cat out)"
 }
 
+test_WhatFastInfosetSaysAndXMLCannotIsToldOf()
+{
+    # An element with a reference to the entity e, and one with a name that is none.
+    printf '\xe0\x00\x00\x01\x00\x3c\x00a\xc8\x00e\xff' >a.finf
+    run 0 decode -c --no-decl a.finf
+    expectErrorLike "warning: a.finf: octet 9: a reference to an entity, which was not expanded, is left out"
+    [ "$(cat out)" = '<a/>' ] || fail "came back: $(cat out)"
+    printf '\xe0\x00\x00\x01\x00\x3c\x00 \xff' >b.finf
+    run 1 decode b.finf
+    expectErrorLike "b.finf: octet ?*"
+}
+
+test_UnreadableFilesAreReported()
+{
+    local user=()
+    if [ "$(id -u)" -eq 0 ]; then
+        user=(setpriv --reuid=65534 --regid=65534 --clear-groups)
+        chmod 777 .
+        "${user[@]}" "$veskfi" --version >/dev/null 2>&1 || exit 77
+    fi
+    mkdir folder
+    echo '<a/>' >folder/a.xml
+    echo '<a/>' >b.xml
+    chmod 0 b.xml folder
+    "${user[@]}" "$veskfi" encode --keep-going -r b.xml folder 2>err
+    [ $? -eq 3 ] || fail "the status is not 3"
+    [ "$(sort err)" = "veskfi: b.xml: Permission denied
+veskfi: folder: Permission denied" ] || fail "it says: $(cat err)"
+    chmod 700 folder
+}
+
 test_OptionsOfEncodeDoWhatTheySay()
 {
     echo '<a> <b>12345678</b> <b>12345678</b> <c>AAECAwQFBgcICQoLDA0ODw==</c> </a>' >a.xml
@@ -681,5 +654,4 @@ test_WrongUsageIsToldApart()
     expectFiles
 }
 
-"test_$test"
-exit $failed
+runTest
