@@ -20,7 +20,10 @@ namespace Vesk::XML
 {
 namespace
 {
-constexpr int BLOCK_OCTETS = 64 * 1024;
+// Behind every block but the last, expat goes through it once more to count its lines, so a document of some size is
+// given to it in few of them. Small ones need not take the memory.
+constexpr int FIRST_BLOCK_OCTETS = 64 * 1024;
+constexpr int BLOCK_OCTETS = 256 * 1024;
 constexpr std::size_t MAX_TEXT_OCTETS = 1024 * 1024;
 
 // Expat copies and hashes the namespace name anew for every prefixed attribute. This keeps a document with one huge
@@ -184,7 +187,7 @@ void ExpatParser::setCallbacks()
 void ExpatParser::readStream(std::istream& stream)
 {
     XML_Parser const parser = _input->parser;
-    int blockOctets = BLOCK_OCTETS;
+    int blockOctets = FIRST_BLOCK_OCTETS;
     XML_Index position = 0;
     bool isLast = false;
     while (!isLast)
