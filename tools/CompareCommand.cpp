@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "CompareCommand.h"
-#include "CommandOptions.h"
 #include "DocumentKind.h"
 #include "Failure.h"
 #include "InputFile.h"
-#include "Progress.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/MemoryInputStream.h"
 #include "Vesk/XML/InputSource.h"
 #include "Vesk/XML/XMLWriter.h"
-#include <algorithm>
-#include <cerrno>
-#include <iostream>
 #include <iterator>
 #include <sstream>
 
@@ -50,48 +45,8 @@ const char* CompareCommand::examples() const
            "  veskfi compare *.xml                         each and all together\n";
 }
 
-void CompareCommand::declareOptions(CommandOptions& options)
+ExitStatus CompareCommand::examine(InputFile& input, std::string& text)
 {
-    options.addArguments("FILE", _files, "XML or Fast Infoset documents; none or - is standard input");
-    _vocabularies.declareOption(options);
-    _messages.declareOptions(options);
-}
-
-ExitStatus CompareCommand::run()
-{
-    _vocabularies.install();
-    if (_files.empty())
-        _files.emplace_back("-");
-    ExitStatus worst = ExitStatus::SUCCESS;
-    Progress progress(_messages, _files.size(), 0);
-    for (const std::string& file : _files)
-    {
-        try
-        {
-            InputFile input(file);
-            input.countIn(progress.octets());
-            compare(input);
-        }
-        catch (const BrokenPipe&)
-        {
-            throw;
-        }
-        catch (const std::exception& exception)
-        {
-            const Failure failure = Failure::of(file, exception);
-            _messages.failure(failure.what());
-            worst = std::max(worst, failure.status());
-        }
-        progress.fileDone();
-    }
-    if (_documentCount > 1)
-        print(_total.text("total of " + std::to_string(_documentCount) + " documents"));
-    return worst;
-}
-
-void CompareCommand::compare(InputFile& input)
-{
-    _messages.note(input.name() + ": measuring");
     Comparison comparison;
     try
     {
@@ -101,17 +56,15 @@ void CompareCommand::compare(InputFile& input)
     {
         throw Failure::of(input.name(), exception);
     }
-    print(comparison.text(input.name()));
+    text = comparison.text(input.name());
     _total += comparison;
     ++_documentCount;
+    return ExitStatus::SUCCESS;
 }
 
-void CompareCommand::print(const std::string& text)
+std::string CompareCommand::conclusion() const
 {
-    _messages.showProgress("");
-    std::cout << text << std::flush;
-    if (!std::cout)
-        throwWriteError("standard output", errno);
+    return _documentCount > 1 ? _total.text("total of " + std::to_string(_documentCount) + " documents") : "";
 }
 
 } // namespace Vesk::Tool

@@ -71,10 +71,13 @@ ExitStatus ConversionCommand::run()
     ConversionPlan planned(settings);
     plan(planned);
 
-    std::vector<Conversion> conversions = planned.conversions();
+    const std::vector<Conversion>& conversions = planned.conversions();
+    std::vector<std::string> inputs;
+    for (const Conversion& conversion : conversions)
+        inputs.push_back(conversion.input);
     std::size_t started = 0;
     {
-        Progress progress(_messages, conversions.size(), planned.octetCount());
+        Progress progress(_messages, inputs);
         OutputFolders folders;
         const auto job = [&](std::size_t index)
         {

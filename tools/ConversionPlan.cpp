@@ -92,10 +92,6 @@ void ConversionPlan::add(const std::string& input, const std::string& output)
     if (!isNew)
         throw UsageError(found->second + " and " + input + " would both become " + output);
     _conversions.push_back({input, output});
-    std::error_code error;
-    const std::uintmax_t octetCount = fs::file_size(input, error);
-    if (!error)
-        _octetCount += octetCount;
 }
 
 std::string ConversionPlan::outputName(const std::string& name) const

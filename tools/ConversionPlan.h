@@ -3,7 +3,6 @@
 #define VESKFI_CONVERSIONPLAN_H
 
 #include "DocumentKind.h"
-#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -43,9 +42,6 @@ public:
 
     const std::vector<Conversion>& conversions() const { return _conversions; }
 
-    /// How much there is to read, as far as it is known.
-    std::uint64_t octetCount() const { return _octetCount; }
-
 private:
     void addFolder(const std::string& folder, const std::string& outputFolder, Messages& messages);
     void addFile(const std::string& input, const std::string& outputFolder);
@@ -54,7 +50,6 @@ private:
     const Settings _settings;
     std::vector<Conversion> _conversions;
     std::map<std::string, std::string> _inputs; // by output
-    std::uint64_t _octetCount = 0;
 };
 
 } // namespace Vesk::Tool

@@ -5,6 +5,7 @@
 #include "Terminal.h"
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <system_error>
 #include <unistd.h>
 
@@ -26,12 +27,27 @@ std::string duration(double seconds)
     return std::to_string(whole / MINUTE) + " min " + std::to_string(whole % MINUTE) + " s";
 }
 
+// 0 if one of them is not a file that tells.
+std::uint64_t totalOctets(const std::vector<std::string>& files)
+{
+    std::uint64_t octetCount = 0;
+    for (const std::string& file : files)
+    {
+        std::error_code error;
+        const std::uintmax_t size = std::filesystem::file_size(file, error);
+        if (error)
+            return 0;
+        octetCount += size;
+    }
+    return octetCount;
+}
+
 } // namespace
 
-Progress::Progress(Messages& messages, std::size_t fileCount, std::uint64_t octetCount)
+Progress::Progress(Messages& messages, const std::vector<std::string>& files)
     : _messages(messages),
-      _fileCount(fileCount),
-      _octetCount(octetCount)
+      _fileCount(files.size()),
+      _octetCount(totalOctets(files))
 {
     if (messages.isQuiet() || !Terminal(STDERR_FILENO).isTerminal())
         return;

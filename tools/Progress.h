@@ -10,6 +10,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace Vesk::Tool
 {
@@ -21,8 +22,8 @@ class Messages;
 class Progress
 {
 public:
-    /// octetCount: how much there is to read, 0 if unknown.
-    Progress(Messages& messages, std::size_t fileCount, std::uint64_t octetCount);
+    /// files: what is to be read.
+    Progress(Messages& messages, const std::vector<std::string>& files);
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress();
@@ -40,7 +41,7 @@ private:
 
     Messages& _messages;
     const std::size_t _fileCount;
-    const std::uint64_t _octetCount;
+    const std::uint64_t _octetCount; // 0 if unknown
     const Clock::time_point _start = Clock::now();
     std::atomic<std::size_t> _files{0};
     std::atomic<std::uint64_t> _octets{0};

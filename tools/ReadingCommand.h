@@ -3,6 +3,7 @@
 #define VESKFI_READINGCOMMAND_H
 
 #include "Command.h"
+#include "Messages.h"
 #include "Vocabularies.h"
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@ namespace Vesk::Tool
 {
 
 class InputFile;
+class Progress;
 
 /// A command that reads documents, one after the other, and prints something about each: "veskfi NAME [FILE...]".
 ///
@@ -29,11 +31,18 @@ protected:
     /// as a failure.
     virtual ExitStatus examine(InputFile& input, std::string& text) = 0;
 
+    /// What is to be printed behind all documents.
+    virtual std::string conclusion() const { return std::string(); }
+
+    Messages& messages() { return _messages; }
+
 private:
-    ExitStatus examine(const std::string& file);
+    ExitStatus examine(const std::string& file, Progress& progress);
+    void print(const std::string& text);
 
     std::vector<std::string> _files;
     Vocabularies _vocabularies;
+    Messages _messages;
 };
 
 } // namespace Vesk::Tool
