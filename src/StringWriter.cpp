@@ -111,30 +111,36 @@ inline StringWriter::NamespaceCache* StringWriter::namespaceCache(DocumentVocabu
     return table == DocumentVocabulary::NAMESPACE_NAME ? &_namespaceNames : nullptr;
 }
 
+unsigned int StringWriter::writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table)
+{
+    checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a NonIdentifyingStringOrIndex value");
+    return writeValue<0>(0, text, table, valueCache(table));
+}
+
 // Behind the lead:
 //
 //   1iiiiiii    an index, of one bit less for each that the lead has
 //   0a00nnnn    a literal of that length, and whether it enters the table
-unsigned int StringWriter::writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table,
-                                                            unsigned int lead, int leadBits)
+template <int LEAD_BITS>
+inline unsigned int StringWriter::writeValue(unsigned int lead, std::string_view text, DocumentVocabulary::ID table,
+                                             ValueCache* recent)
 {
-    checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a NonIdentifyingStringOrIndex value");
-    const Lookup lookup = lookUp(text, table);
+    const Lookup lookup = lookUp(text, table, recent);
     if (lookup.found)
     {
-        OctetCode::integer(_stream, lead | 0x80u >> leadBits, leadBits + 1, lookup.index);
+        OctetCode::integer(_stream, lead | 0x80u >> LEAD_BITS, LEAD_BITS + 1, lookup.index);
         return lookup.index;
     }
     if (lookup.added)
-        lead |= 0x40u >> leadBits;
+        lead |= 0x40u >> LEAD_BITS;
     if (_inCDATA)
     {
-        OctetCode::writeLead(_stream, lead, leadBits + 2);
+        OctetCode::writeLead(_stream, lead, LEAD_BITS + 2);
         writeEncodedCharacterString(text, NullEncoding::TYPE);
     }
     else
     {
-        OctetCode::octetString(_stream, lead, leadBits + 4, text.data(), text.size());
+        OctetCode::octetString(_stream, lead, LEAD_BITS + 4, text.data(), text.size());
     }
     return lookup.index;
 }
@@ -144,7 +150,8 @@ unsigned int StringWriter::writeNonIdentifyingStringOrIndex(const AutoPtr<Encodi
 {
     const unsigned int algorithm = static_cast<unsigned int>(value->type());
     checkOffset((_stream.bitOffset() & ~2) == 0, "Illegal startposition for a NonIdentifyingStringOrIndex value");
-    const Lookup lookup = isPlain(algorithm) ? lookUp(value->content(), table) : Lookup{false, false, 0};
+    const Lookup lookup =
+        isPlain(algorithm) ? lookUp(value->content(), table, valueCache(table)) : Lookup{false, false, 0};
     const unsigned int index = writeLookup(lookup);
     if (!lookup.found)
         writeEncodedCharacterString(value);
@@ -152,13 +159,13 @@ unsigned int StringWriter::writeNonIdentifyingStringOrIndex(const AutoPtr<Encodi
 }
 
 // Looks up, and enters in the table, what is short enough.
-inline StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabulary::ID table)
+inline StringWriter::Lookup StringWriter::lookUp(std::string_view text, DocumentVocabulary::ID table,
+                                                 ValueCache* recent)
 {
     // The empty string is found in every table, as the reserved entry 0.
     if (!text.empty() && (_maxIndexedLength < 0 || text.size() > static_cast<std::size_t>(_maxIndexedLength)))
         return {false, false, 0};
 
-    ValueCache* const recent = valueCache(table);
     if (!recent)
         return lookUpInTable(text, table);
     const RecentText key(text);
@@ -253,7 +260,7 @@ void StringWriter::writeEncodedCharacterString(const AutoPtr<Encoding>& value)
 void StringWriter::writeCharacterChunk(std::string_view text)
 {
     checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a CharacterChunk value");
-    writeNonIdentifyingStringOrIndex(text, DocumentVocabulary::CONTENT_CHARACTER_CHUNK, 0x80, 2);
+    writeValue<2>(0x80, text, DocumentVocabulary::CONTENT_CHARACTER_CHUNK, &_chunks);
 }
 
 // Behind the lead of two bits or one:

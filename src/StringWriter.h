@@ -51,9 +51,8 @@ public:
     /// Returns the index of the value, 0 when it is not indexed. Typed values never are.
     /// @{
 
-    /// On an octet boundary, behind leadBits bits (0 or 2) that stand left-aligned in lead.
-    unsigned int writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table,
-                                                  unsigned int lead = 0, int leadBits = 0);
+    /// On an octet boundary.
+    unsigned int writeNonIdentifyingStringOrIndex(std::string_view text, DocumentVocabulary::ID table);
     /// At bit offset 0 or 2.
     unsigned int writeNonIdentifyingStringOrIndex(const AutoPtr<Encoding>& value, DocumentVocabulary::ID table);
 
@@ -101,7 +100,9 @@ private:
 
     ValueCache* valueCache(DocumentVocabulary::ID table);
     NamespaceCache* namespaceCache(DocumentVocabulary::ID table);
-    Lookup lookUp(std::string_view text, DocumentVocabulary::ID table);
+    template <int LEAD_BITS>
+    unsigned int writeValue(unsigned int lead, std::string_view text, DocumentVocabulary::ID table, ValueCache* recent);
+    Lookup lookUp(std::string_view text, DocumentVocabulary::ID table, ValueCache* recent);
     Lookup lookUpInTable(std::string_view text, DocumentVocabulary::ID table);
     unsigned int writeLookup(const Lookup& lookup);
     Entered enter(const std::string& text, DocumentVocabulary::ID table);
