@@ -68,14 +68,15 @@ ExitStatus ConversionCommand::run()
     ConversionPlan::Settings settings = {inputKind(), XML_EXTENSION, FAST_INFOSET_EXTENSION, _outputFolder, _recursive};
     if (settings.inputKind == DocumentKind::FAST_INFOSET)
         std::swap(settings.inputExtension, settings.outputExtension);
-    ConversionPlan planned(settings);
-    plan(planned);
+    ConversionPlan plan(settings, _messages);
+    makePlan(plan);
 
-    const std::vector<Conversion>& conversions = planned.conversions();
+    const std::vector<Conversion>& conversions = plan.conversions();
     std::vector<std::string> inputs;
     for (const Conversion& conversion : conversions)
         inputs.push_back(conversion.input);
     std::size_t started = 0;
+    if (_failures == 0 || _keepGoing)
     {
         Progress progress(_messages, inputs);
         OutputFolders folders;
@@ -83,8 +84,7 @@ ExitStatus ConversionCommand::run()
         {
             return attempt(conversions[index], progress, folders) || _keepGoing;
         };
-        if (_failures == 0 || _keepGoing)
-            started = runJobs(conversions.size(), static_cast<std::size_t>(std::max(_jobs, 1)), job);
+        started = runJobs(conversions.size(), static_cast<std::size_t>(std::max(_jobs, 1)), job);
     }
     if (_isPipeBroken)
         throw BrokenPipe("standard output", EPIPE);
@@ -93,7 +93,7 @@ ExitStatus ConversionCommand::run()
         _messages.failure("stopped after a failure; files not converted: " +
                           std::to_string(conversions.size() - started) + " (--keep-going goes on)");
     }
-    return static_cast<ExitStatus>(_worst.load());
+    return _worst;
 }
 
 void ConversionCommand::checkUsage() const
@@ -107,29 +107,31 @@ void ConversionCommand::checkUsage() const
         throw UsageError("standard input cannot be one of several files");
     if (_recursive && _files.front() == STANDARD_STREAM)
         throw UsageError("-r takes folders");
+    if (isToStandardOutput() && inputKind() == DocumentKind::XML && !_mayReplace &&
+        Terminal(STDOUT_FILENO).isTerminal())
+        throw UsageError("standard output is a terminal, which cannot show Fast Infoset; -o FILE, or -f to write it");
+}
+
+bool ConversionCommand::isToStandardOutput() const
+{
+    return _toStandardOutput || _output == STANDARD_STREAM || (_output.empty() && _files.front() == STANDARD_STREAM);
 }
 
 // Failures to look into folders count like those of the files in them.
-void ConversionCommand::plan(ConversionPlan& plan)
+void ConversionCommand::makePlan(ConversionPlan& plan)
 {
-    const std::string output = _toStandardOutput ? STANDARD_STREAM : _output;
-    if (!output.empty() || _files.front() == STANDARD_STREAM)
+    if (isToStandardOutput() || !_output.empty())
     {
-        plan.add(_files.front(), output.empty() ? STANDARD_STREAM : output);
+        plan.add(_files.front(), isToStandardOutput() ? STANDARD_STREAM : _output);
         return;
     }
     for (const std::string& file : _files)
+        plan.add(file);
+    for (const FileError& failure : plan.failures())
     {
-        try
-        {
-            plan.add(file, _messages);
-        }
-        catch (const FileError& error)
-        {
-            recordFailure(error, file);
-            if (!_keepGoing)
-                return;
-        }
+        recordFailure(failure, failure.what());
+        if (!_keepGoing)
+            return;
     }
 }
 
@@ -143,33 +145,27 @@ bool ConversionCommand::attempt(const Conversion& conversion, Progress& progress
     }
     catch (const BrokenPipe&)
     {
+        const std::lock_guard<std::mutex> lock(_mutex);
         _isPipeBroken = true;
-        return false;
     }
     catch (const std::exception& exception)
     {
         recordFailure(exception, conversion.input);
-        return false;
     }
+    return false;
 }
 
 void ConversionCommand::recordFailure(const std::exception& exception, const std::string& file)
 {
     const Failure failure = Failure::of(file, exception);
     _messages.failure(failure.what());
+    const std::lock_guard<std::mutex> lock(_mutex);
+    _worst = std::max(_worst, failure.status());
     ++_failures;
-    const int status = static_cast<int>(failure.status());
-    for (int worst = _worst; status > worst && !_worst.compare_exchange_weak(worst, status);)
-    {
-    }
 }
 
 void ConversionCommand::convert(const Conversion& conversion, Progress& progress, OutputFolders& folders)
 {
-    const bool isToStandardOutput = conversion.output == STANDARD_STREAM;
-    if (isToStandardOutput && inputKind() == DocumentKind::XML && !_mayReplace && Terminal(STDOUT_FILENO).isTerminal())
-        throw UsageError("standard output is a terminal, which cannot show Fast Infoset (-o FILE, or -f to write it)");
-
     InputFile input(conversion.input);
     input.countIn(progress.octets());
     if (!_outputFolder.empty())

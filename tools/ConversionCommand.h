@@ -5,7 +5,9 @@
 #include "Command.h"
 #include "ConversionPlan.h"
 #include "Messages.h"
-#include <atomic>
+#include <cstddef>
+#include <exception>
+#include <mutex>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -45,7 +47,8 @@ private:
     using Conversion = ConversionPlan::Conversion;
 
     void checkUsage() const;
-    void plan(ConversionPlan& plan);
+    bool isToStandardOutput() const;
+    void makePlan(ConversionPlan& plan);
     bool attempt(const Conversion& conversion, Progress& progress, OutputFolders& folders);
     void convert(const Conversion& conversion, Progress& progress, OutputFolders& folders);
     void recordFailure(const std::exception& exception, const std::string& file);
@@ -59,9 +62,11 @@ private:
     bool _keepGoing = false;
     int _jobs;
     Messages _messages;
-    std::atomic<int> _worst{0}; // ExitStatus
-    std::atomic<std::size_t> _failures{0};
-    std::atomic<bool> _isPipeBroken{false};
+
+    std::mutex _mutex; // of what follows, while conversions run
+    ExitStatus _worst = ExitStatus::SUCCESS;
+    std::size_t _failures = 0;
+    bool _isPipeBroken = false;
 };
 
 } // namespace Vesk::Tool

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ConversionPlan.h"
-#include "Failure.h"
 #include "InputFile.h"
 #include "Messages.h"
 #include <algorithm>
@@ -39,42 +38,66 @@ bool endsIn(const std::string& name, const std::string& extension)
 
 } // namespace
 
-ConversionPlan::ConversionPlan(Settings settings)
-    : _settings(std::move(settings))
+ConversionPlan::ConversionPlan(Settings settings, Messages& messages)
+    : _settings(std::move(settings)),
+      _messages(messages)
 {
 }
 
-void ConversionPlan::add(const std::string& path, Messages& messages)
+void ConversionPlan::add(const std::string& path)
 {
     std::error_code error;
     if (!fs::is_directory(path, error))
         addFile(path, _settings.outputFolder);
     else if (_settings.recursive)
-        addFolder(path, _settings.outputFolder, messages);
+        addFolder(path, _settings.outputFolder);
     else
-        throw FileError(path, "is a folder (-r converts the documents in it)");
+        _failures.emplace_back(path, "is a folder (-r converts the documents in it)");
 }
 
 // Links to folders are not followed, as they may lead in circles.
-void ConversionPlan::addFolder(const std::string& folder, const std::string& outputFolder, Messages& messages)
+void ConversionPlan::addFolder(const std::string& folder, const std::string& outputFolder)
 {
-    for (const fs::directory_entry& entry : entriesOf(folder))
+    std::vector<fs::directory_entry> entries;
+    try
+    {
+        entries = entriesOf(folder);
+    }
+    catch (const FileError& error)
+    {
+        _failures.push_back(error);
+    }
+    for (const fs::directory_entry& entry : entries)
     {
         const std::string path = entry.path().string();
         std::error_code error;
         if (entry.is_directory(error) && !entry.is_symlink(error))
         {
             const std::string name = entry.path().filename().string();
-            addFolder(path, outputFolder.empty() ? "" : (fs::path(outputFolder) / name).string(), messages);
+            addFolder(path, outputFolder.empty() ? "" : (fs::path(outputFolder) / name).string());
         }
-        else if (!entry.is_regular_file(error))
-            messages.note(path + ": left out, not a regular file");
-        else if (kindOf(InputFile(path).start()) == _settings.inputKind)
-            addFile(path, outputFolder);
+        else if (entry.is_regular_file(error))
+            addFound(path, outputFolder);
         else
-            messages.note(path + ": left out, not " +
-                          (_settings.inputKind == DocumentKind::XML ? "XML" : "Fast Infoset"));
+            _messages.note(path + ": left out, not a regular file");
     }
+}
+
+void ConversionPlan::addFound(const std::string& path, const std::string& outputFolder)
+{
+    DocumentKind kind = _settings.inputKind;
+    try
+    {
+        kind = kindOf(InputFile(path).start());
+    }
+    catch (const FileError&)
+    {
+        // Fails once more when it is converted, with its message.
+    }
+    if (kind == _settings.inputKind)
+        addFile(path, outputFolder);
+    else
+        _messages.note(path + ": left out, not " + (_settings.inputKind == DocumentKind::XML ? "XML" : "Fast Infoset"));
 }
 
 void ConversionPlan::addFile(const std::string& input, const std::string& outputFolder)

@@ -3,6 +3,7 @@
 #define VESKFI_CONVERSIONPLAN_H
 
 #include "DocumentKind.h"
+#include "Failure.h"
 #include <map>
 #include <string>
 #include <vector>
@@ -31,24 +32,31 @@ public:
         bool recursive;              ///< folders are gone through
     };
 
-    explicit ConversionPlan(Settings settings);
+    /// What is left out of folders is told to the messages, which are borrowed.
+    ConversionPlan(Settings settings, Messages& messages);
 
-    /// Adds a file, or all documents in a folder and those below it. Throws FileError for a folder that cannot be read,
-    /// or must not be gone through, and UsageError if two inputs would become the same output.
-    void add(const std::string& path, Messages& messages);
+    /// Adds a file, or all documents in a folder and those below it. Throws UsageError if two inputs would become the
+    /// same output.
+    void add(const std::string& path);
 
     /// Adds a single conversion.
     void add(const std::string& input, const std::string& output);
 
     const std::vector<Conversion>& conversions() const { return _conversions; }
 
+    /// The folders that cannot be read or must not be gone through.
+    const std::vector<FileError>& failures() const { return _failures; }
+
 private:
-    void addFolder(const std::string& folder, const std::string& outputFolder, Messages& messages);
+    void addFolder(const std::string& folder, const std::string& outputFolder);
+    void addFound(const std::string& path, const std::string& outputFolder);
     void addFile(const std::string& input, const std::string& outputFolder);
     std::string outputName(const std::string& name) const;
 
     const Settings _settings;
+    Messages& _messages;
     std::vector<Conversion> _conversions;
+    std::vector<FileError> _failures;
     std::map<std::string, std::string> _inputs; // by output
 };
 

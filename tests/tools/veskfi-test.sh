@@ -540,15 +540,15 @@ test_UnreadableFilesAreReported()
         chmod 777 .
         "${user[@]}" "$veskfi" --version >/dev/null 2>&1 || exit 77
     fi
-    mkdir folder
-    echo '<a/>' >folder/a.xml
-    echo '<a/>' >b.xml
-    chmod 0 b.xml folder
-    "${user[@]}" "$veskfi" encode --keep-going -r b.xml folder 2>err
+    mkdir -m 777 in in/a in/d
+    echo '<a/>' | tee in/a/a.xml in/b.xml in/c.xml >in/d/d.xml
+    chmod 0 in/a in/b.xml
+    "${user[@]}" "$veskfi" encode --keep-going -r in 2>err
     [ $? -eq 3 ] || fail "the status is not 3"
-    [ "$(sort err)" = "veskfi: b.xml: Permission denied
-veskfi: folder: Permission denied" ] || fail "it says: $(cat err)"
-    chmod 700 folder
+    [ "$(sort err)" = "veskfi: in/a: Permission denied
+veskfi: in/b.xml: Permission denied" ] || fail "it says: $(cat err)"
+    [ -s in/c.finf ] && [ -s in/d/d.finf ] || fail "the others were not converted: $(find in)"
+    chmod 700 in/a
 }
 
 test_OptionsOfEncodeDoWhatTheySay()
