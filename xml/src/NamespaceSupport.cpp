@@ -14,13 +14,6 @@ namespace
 constexpr std::size_t MAX_KEPT_ENTRIES = 64;
 
 const XMLString EMPTY;
-
-template <class Map>
-void discard(Map& map, const typename Map::value_type& entry)
-{
-    if (map.size() > MAX_KEPT_ENTRIES)
-        map.erase(map.find(entry.first));
-}
 } // namespace
 
 const XMLString NamespaceSupport::XML_NAMESPACE = "http://www.w3.org/XML/1998/namespace";
@@ -29,6 +22,28 @@ const XMLString NamespaceSupport::XML_NAMESPACE_PREFIX = "xml";
 std::size_t NamespaceSupport::StringHash::operator()(const XMLString& text) const
 {
     return hash(text);
+}
+
+template <class Map>
+inline const typename Map::value_type* NamespaceSupport::find(const Map& map, Recent<Map>& recent, const XMLString& key)
+{
+    const typename Map::value_type*& place = recent[key.size() % recent.size()];
+    if (place && place->first == key)
+        return place;
+    const auto found = map.find(key);
+    if (found == map.end())
+        return nullptr;
+    place = &*found;
+    return place;
+}
+
+template <class Map>
+void NamespaceSupport::discard(Map& map, Recent<Map>& recent, const typename Map::value_type& entry)
+{
+    if (map.size() <= MAX_KEPT_ENTRIES)
+        return;
+    recent.fill(nullptr);
+    map.erase(map.find(entry.first));
 }
 
 NamespaceSupport::NamespaceSupport()
@@ -74,8 +89,8 @@ void NamespaceSupport::declare(const XMLString& prefix, const XMLString& namespa
 
 void NamespaceSupport::undeclarePrefix(const XMLString& prefix)
 {
-    const auto entry = _prefixes.find(prefix);
-    if (entry == _prefixes.end() || entry->second == NONE)
+    const auto* const entry = find(_prefixes, _recentPrefixes, prefix);
+    if (!entry || entry->second == NONE)
         return;
     Declaration& declaration = _declarations[entry->second];
     if (declaration.depth != _depth)
@@ -95,6 +110,8 @@ void NamespaceSupport::reset()
     _declarations.clear();
     _prefixes.clear();
     _uris.clear();
+    _recentPrefixes.fill(nullptr);
+    _recentURIs.fill(nullptr);
     _depth = OUTERMOST - 1;
     declare(XML_NAMESPACE_PREFIX, XML_NAMESPACE);
     _depth = OUTERMOST;
@@ -102,8 +119,8 @@ void NamespaceSupport::reset()
 
 bool NamespaceSupport::declaresPrefix(const XMLString& prefix) const
 {
-    const auto entry = _prefixes.find(prefix);
-    return entry != _prefixes.end() && entry->second != NONE && _declarations[entry->second].depth == _depth;
+    const auto* const entry = find(_prefixes, _recentPrefixes, prefix);
+    return entry && entry->second != NONE && _declarations[entry->second].depth == _depth;
 }
 
 void NamespaceSupport::getDeclaredPrefixes(PrefixSet& prefixes) const
@@ -115,8 +132,8 @@ void NamespaceSupport::getDeclaredPrefixes(PrefixSet& prefixes) const
 
 const XMLString* NamespaceSupport::findURI(const XMLString& prefix) const
 {
-    const auto entry = _prefixes.find(prefix);
-    return entry != _prefixes.end() && entry->second != NONE ? &_declarations[entry->second].uri->first : nullptr;
+    const auto* const entry = find(_prefixes, _recentPrefixes, prefix);
+    return entry && entry->second != NONE ? &_declarations[entry->second].uri->first : nullptr;
 }
 
 const XMLString& NamespaceSupport::getURI(const XMLString& prefix) const
@@ -127,8 +144,8 @@ const XMLString& NamespaceSupport::getURI(const XMLString& prefix) const
 
 const XMLString* NamespaceSupport::findPrefix(const XMLString& namespaceURI) const
 {
-    const auto entry = _uris.find(namespaceURI);
-    return entry != _uris.end() ? entry->second.first.prefix : nullptr;
+    const auto* const entry = find(_uris, _recentURIs, namespaceURI);
+    return entry ? entry->second.first.prefix : nullptr;
 }
 
 const XMLString& NamespaceSupport::getPrefix(const XMLString& namespaceURI) const
@@ -139,8 +156,8 @@ const XMLString& NamespaceSupport::getPrefix(const XMLString& namespaceURI) cons
 
 const XMLString* NamespaceSupport::findAttributePrefix(const XMLString& namespaceURI) const
 {
-    const auto entry = _uris.find(namespaceURI);
-    if (entry == _uris.end())
+    const auto* const entry = find(_uris, _recentURIs, namespaceURI);
+    if (!entry)
         return nullptr;
     // The default prefix is one prefix only: at most one candidate has to be passed over.
     const URIEntry& uri = entry->second;
@@ -166,7 +183,7 @@ void NamespaceSupport::removeLast()
     if (declaration.outer != NONE)
         show(_declarations[declaration.outer]);
     else
-        discard(_prefixes, *declaration.prefix);
+        discard(_prefixes, _recentPrefixes, *declaration.prefix);
 }
 
 void NamespaceSupport::bind(Declaration& declaration, URIMap::value_type& uri)
@@ -180,7 +197,7 @@ void NamespaceSupport::unbind(const Declaration& declaration)
 {
     hide(declaration);
     if (--declaration.uri->second.declarations == 0)
-        discard(_uris, *declaration.uri);
+        discard(_uris, _recentURIs, *declaration.uri);
 }
 
 void NamespaceSupport::show(const Declaration& declaration)

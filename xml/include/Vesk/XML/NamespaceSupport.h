@@ -3,6 +3,7 @@
 #define VESK_XML_NAMESPACESUPPORT_H
 
 #include "Vesk/XML/XMLString.h"
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <set>
@@ -20,7 +21,8 @@ namespace Vesk::XML
 ///
 /// pushContext and popContext without declarations are a few instructions, whatever the depth; lookups take one hash
 /// lookup, whatever the depth and the number of declarations. References and pointers that lookups return are good
-/// until the next call of a non-const operation that removes or replaces the declaration they come from.
+/// until the next call of a non-const operation that removes or replaces the declaration they come from. One object
+/// serves one thread, lookups included: they remember what they found.
 class VESK_XML_API NamespaceSupport
 {
 public:
@@ -127,6 +129,16 @@ private:
         std::size_t outer;        // index of the declaration that this one hides, or NONE
     };
 
+    // The entries found last, in places by the length of the key: most lookups ask for one of a few strings, and
+    // comparing two is cheaper than hashing one. What an entry holds changes with the declarations; the entry stays.
+    template <class Map>
+    using Recent = std::array<const typename Map::value_type*, 8>;
+
+    template <class Map>
+    static const typename Map::value_type* find(const Map& map, Recent<Map>& recent, const XMLString& key);
+    template <class Map>
+    static void discard(Map& map, Recent<Map>& recent, const typename Map::value_type& entry);
+
     static constexpr std::size_t NONE = SIZE_MAX;
     static constexpr std::size_t OUTERMOST = 1; // "xml" is declared at depth 0
 
@@ -147,6 +159,8 @@ private:
 
     PrefixMap _prefixes;
     URIMap _uris;
+    mutable Recent<PrefixMap> _recentPrefixes{};
+    mutable Recent<URIMap> _recentURIs{};
     std::vector<Declaration> _declarations; // outer contexts first; never empty, because of "xml"
     std::size_t _depth = OUTERMOST;
 };
