@@ -3,7 +3,6 @@
 #include "StringWriter.h"
 #include "Vesk/FastInfoset/BitStreamWriter.h"
 #include "Vesk/FastInfoset/FISException.h"
-#include "Vesk/XML/Attributes.h"
 #include "Vesk/XML/Name.h"
 #include <algorithm>
 
@@ -75,20 +74,18 @@ bool ElementWriter::collectAttributes(const XML::Attributes& attributes)
 {
     _attributes.clear();
     bool hasQualified = false;
-    const int length = attributes.getLength();
-    for (int i = 0; i < length; ++i)
+    const auto collect = [&](const XML::AttributesImpl::Attribute& attribute)
     {
-        const std::string& qname = attributes.getQName(i);
-        const std::string& value = attributes.getValue(i);
+        const std::string& qname = *attribute.qname;
         if (isNamespaceDeclaration(qname))
         {
-            declarePrefix(qname.substr(std::min(qname.size(), XMLNS_PREFIX.size())), value);
-            continue;
+            declarePrefix(qname.substr(std::min(qname.size(), XMLNS_PREFIX.size())), *attribute.value);
+            return;
         }
-        const std::string& uri = attributes.getURI(i);
-        _attributes.push_back({&uri, &attributes.getLocalName(i), &qname, &value});
-        hasQualified |= !uri.empty();
-    }
+        _attributes.push_back(attribute);
+        hasQualified |= !attribute.uri->empty();
+    };
+    XML::AttributesImpl::forEach(attributes, collect);
     return hasQualified;
 }
 
@@ -127,7 +124,7 @@ void ElementWriter::resolvePrefix(const std::string& uri, const std::string& loc
 // name, declares the default namespace. Readers go by the URI, so nothing is lost.
 void ElementWriter::declareAttributeNamespaces()
 {
-    for (const Attribute& attribute : _attributes)
+    for (const XML::AttributesImpl::Attribute& attribute : _attributes)
     {
         if (attribute.uri->empty() || attribute.localName->empty())
             continue;
@@ -194,7 +191,7 @@ void ElementWriter::writeAttributes(const std::string& elementURI)
 {
     static const std::string NO_PREFIX;
 
-    for (const Attribute& attribute : _attributes)
+    for (const XML::AttributesImpl::Attribute& attribute : _attributes)
     {
         const std::string& uri = *attribute.uri;
         const std::string& prefix = uri.empty() || uri == elementURI ? NO_PREFIX : _namespaces.getPrefix(uri);

@@ -2,15 +2,11 @@
 #ifndef VESK_FASTINFOSET_ELEMENTWRITER_H
 #define VESK_FASTINFOSET_ELEMENTWRITER_H
 
+#include "Vesk/XML/AttributesImpl.h"
 #include "Vesk/XML/NamespaceSupport.h"
 #include <string>
 #include <utility>
 #include <vector>
-
-namespace Vesk::XML
-{
-class Attributes;
-}
 
 namespace Vesk::FastInfoset
 {
@@ -48,14 +44,6 @@ public:
 private:
     using NamespaceAttribute = std::pair<const std::string*, const std::string*>; // prefix and URI
 
-    struct Attribute
-    {
-        const std::string* uri;
-        const std::string* localName;
-        const std::string* qname;
-        const std::string* value;
-    };
-
     void resolvePrefix(const std::string& uri, const std::string& localName, const std::string& qname);
     bool collectAttributes(const XML::Attributes& attributes);
     void declareAttributeNamespaces();
@@ -75,7 +63,7 @@ private:
     std::string _prefix;
     std::string _splitPrefix;
     std::string _splitLocalName;
-    std::vector<Attribute> _attributes; // without namespace declarations
+    std::vector<XML::AttributesImpl::Attribute> _attributes; // without namespace declarations
     std::vector<NamespaceAttribute> _namespaceAttributes;
 };
 

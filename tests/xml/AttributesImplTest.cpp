@@ -131,3 +131,36 @@ TEST(AttributesImplTest, SetsAndRemovesAttributes)
     EXPECT_VESK_THROW(attributes.setValue(1, ""), RangeException, "No attribute with this index: 1");
     EXPECT_VESK_THROW(attributes.removeAttribute(-1), RangeException, "No attribute with this index: -1");
 }
+
+TEST(AttributesImplTest, ForEachVisitsSetsOfOtherClassesThroughTheirGetters)
+{
+    class Renamed : public AttributesImpl
+    {
+    public:
+        const XMLString& getLocalName(int) const override { return _name; }
+
+    private:
+        const XMLString _name = "other";
+    };
+    const auto visited = [](const Attributes& attributes)
+    {
+        std::string text;
+        AttributesImpl::forEach(attributes,
+                                [&](const AttributesImpl::Attribute& attribute)
+                                {
+                                    text += *attribute.uri + '|' + *attribute.localName + '|' + *attribute.qname + '|' +
+                                            *attribute.type + '|' + *attribute.value + ' ';
+                                });
+        return text;
+    };
+    Renamed renamed;
+    renamed.addAttribute("u", "a", "p:a", "CDATA", "1");
+    renamed.addAttribute("", "b", "b", "ID", "2");
+    EXPECT_EQ(visited(renamed), "u|other|p:a|CDATA|1 |other|b|ID|2 ");
+    EXPECT_EQ(visited(AttributesImpl(static_cast<const AttributesImpl&>(renamed))),
+              "u|other|p:a|CDATA|1 |other|b|ID|2 ");
+    AttributesImpl plain;
+    plain.addAttribute("u", "a", "p:a", "CDATA", "1");
+    EXPECT_EQ(visited(plain), "u|a|p:a|CDATA|1 ");
+    EXPECT_EQ(visited(AttributesImpl()), "");
+}

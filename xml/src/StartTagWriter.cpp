@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "StartTagWriter.h"
-#include "Vesk/XML/Attributes.h"
 #include "Vesk/XML/Name.h"
 #include "Vesk/XML/SAXException.h"
 #include "XMLCharacters.h"
@@ -144,16 +143,14 @@ void StartTagWriter::enterElement(const XMLString& uri, const XMLString& localNa
 void StartTagWriter::collectAttributes(const Attributes& attributes)
 {
     _attributes.clear();
-    const int length = attributes.getLength();
-    for (int i = 0; i < length; ++i)
-    {
-        const Attribute attribute = {&attributes.getURI(i), &attributes.getLocalName(i), &attributes.getQName(i),
-                                     &attributes.getValue(i)};
-        if (isDeclaration(*attribute.uri, *attribute.localName, *attribute.qname, _prefix))
-            declare(_prefix, *attribute.value);
-        else
-            _attributes.push_back(attribute);
-    }
+    AttributesImpl::forEach(attributes,
+                            [this](const AttributesImpl::Attribute& attribute)
+                            {
+                                if (isDeclaration(*attribute.uri, *attribute.localName, *attribute.qname, _prefix))
+                                    declare(_prefix, *attribute.value);
+                                else
+                                    _attributes.push_back(attribute);
+                            });
 }
 
 // Takes the prefix from the qualified name, and the local name, too, if it is not known otherwise.
@@ -231,7 +228,7 @@ void StartTagWriter::writeAttributes()
         writeDeclaration(_namespaces.declaredPrefix(i), _namespaces.declaredURI(i));
 
     _keys.clear();
-    for (const Attribute& attribute : _attributes)
+    for (const AttributesImpl::Attribute& attribute : _attributes)
         writeAttribute(attribute);
     if (_keys.size() > 1)
         checkUnique();
@@ -244,7 +241,7 @@ void StartTagWriter::writeDeclaration(const XMLString& prefix, const XMLString& 
     _out.write('"');
 }
 
-void StartTagWriter::writeAttribute(const Attribute& attribute)
+void StartTagWriter::writeAttribute(const AttributesImpl::Attribute& attribute)
 {
     const XMLString& uri = *attribute.uri;
     Key key = {uri, *attribute.localName};
@@ -261,7 +258,7 @@ void StartTagWriter::writeAttribute(const Attribute& attribute)
 }
 
 // The prefix of an attribute in a namespace, or of one that is known by its qualified name only.
-const XMLString& StartTagWriter::qualifiedPrefix(const Attribute& attribute, Key& key)
+const XMLString& StartTagWriter::qualifiedPrefix(const AttributesImpl::Attribute& attribute, Key& key)
 {
     const XMLString& qname = *attribute.qname;
     split(*attribute.localName, qname);

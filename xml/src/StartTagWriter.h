@@ -2,6 +2,7 @@
 #ifndef VESK_XML_STARTTAGWRITER_H
 #define VESK_XML_STARTTAGWRITER_H
 
+#include "Vesk/XML/AttributesImpl.h"
 #include "Vesk/XML/NamespaceSupport.h"
 #include <array>
 #include <string_view>
@@ -9,7 +10,6 @@
 
 namespace Vesk::XML
 {
-class Attributes;
 class XMLOutput;
 
 /// Writes names with prefixes that stand for their namespaces where they are written.
@@ -36,14 +36,6 @@ public:
     void leaveElement();
 
 private:
-    struct Attribute
-    {
-        const XMLString* uri;
-        const XMLString* localName;
-        const XMLString* qname;
-        const XMLString* value;
-    };
-
     // What two attributes of an element must not have in common.
     struct Key
     {
@@ -68,8 +60,8 @@ private:
     void checkName(std::string_view name);
     void split(const XMLString& localName, const XMLString& qname);
     void writeDeclaration(const XMLString& prefix, const XMLString& uri);
-    void writeAttribute(const Attribute& attribute);
-    const XMLString& qualifiedPrefix(const Attribute& attribute, Key& key);
+    void writeAttribute(const AttributesImpl::Attribute& attribute);
+    const XMLString& qualifiedPrefix(const AttributesImpl::Attribute& attribute, Key& key);
     void checkUnique();
 
     XMLOutput& _out;
@@ -80,7 +72,7 @@ private:
     XMLString _prefix; // the parts of the name at hand, its prefix as the qualified name has it
     XMLString _localName;
     XMLString _inventedPrefix;
-    std::vector<Attribute> _attributes; // without namespace declarations
+    std::vector<AttributesImpl::Attribute> _attributes; // without namespace declarations
     std::vector<Key> _keys;
     std::array<XMLString, 256> _knownNames; // names that are valid
 };

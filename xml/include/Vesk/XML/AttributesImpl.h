@@ -5,6 +5,7 @@
 #include "Vesk/XML/Attributes.h"
 #include <cstddef>
 #include <deque>
+#include <typeinfo>
 #include <vector>
 
 namespace Vesk::XML
@@ -76,7 +77,7 @@ public:
     void setType(int index, const XMLString& type);
     void setValue(int index, const XMLString& value);
 
-private:
+    /// The strings of an attribute, borrowed.
     struct Attribute
     {
         const XMLString* uri;
@@ -86,6 +87,12 @@ private:
         const XMLString* value;
     };
 
+    /// Calls visit with every Attribute of a set, of whatever class it is: without a call for each string if it is of
+    /// this one.
+    template <class Visit>
+    static void forEach(const Attributes& attributes, Visit visit);
+
+private:
     const Attribute& at(int index) const
     {
         return static_cast<std::size_t>(index) < _attributes.size() ? _attributes[static_cast<std::size_t>(index)]
@@ -101,6 +108,24 @@ private:
     std::deque<XMLString> _owned;
     std::size_t _ownedCount = 0;
 };
+
+template <class Visit>
+void AttributesImpl::forEach(const Attributes& attributes, Visit visit)
+{
+    // A class that derives from this one may have getters of its own.
+    if (typeid(attributes) == typeid(AttributesImpl))
+    {
+        for (const Attribute& attribute : static_cast<const AttributesImpl&>(attributes)._attributes)
+            visit(attribute);
+        return;
+    }
+    const int length = attributes.getLength();
+    for (int i = 0; i < length; ++i)
+    {
+        visit(Attribute{&attributes.getURI(i), &attributes.getLocalName(i), &attributes.getQName(i),
+                        &attributes.getType(i), &attributes.getValue(i)});
+    }
+}
 } // namespace Vesk::XML
 
 #endif // VESK_XML_ATTRIBUTESIMPL_H
