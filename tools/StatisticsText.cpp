@@ -3,6 +3,7 @@
 #include "FormatNames.h"
 #include "Quoted.h"
 #include <algorithm>
+#include <initializer_list>
 
 namespace Vesk::Tool
 {
@@ -13,10 +14,18 @@ namespace
 using Table = FastInfoset::StructureObserver::Table;
 
 constexpr std::size_t LABEL_COLUMNS = 26;
+constexpr std::size_t TABLE_COLUMNS = 18; // for what the costliest strings are
 constexpr std::size_t NUMBER_COLUMNS = 12;
-constexpr unsigned long BAR_COLUMNS = 20; // for the whole
+constexpr std::size_t SHARE_COLUMNS = 9;
+constexpr std::size_t BAR_COLUMNS = 20;
+constexpr std::size_t SHORT_BAR_COLUMNS = 10; // with a text behind it
 constexpr std::size_t EXPENSES = 10;
-constexpr std::size_t SHOWN_CHARACTERS = 60; // of a name or string
+
+// Characters of a name or string: what a terminal has room for, quotation marks included, but enough to recognise it.
+constexpr int MIN_CHARACTERS = 20;
+constexpr int MAX_CHARACTERS = 60;
+constexpr int COLUMNS_BEFORE_TEXT =
+    2 + TABLE_COLUMNS + 2 * NUMBER_COLUMNS + SHARE_COLUMNS + 2 + SHORT_BAR_COLUMNS + 2 + 5;
 
 std::string padded(std::string text, std::size_t columns)
 {
@@ -56,14 +65,24 @@ std::string octets(long bits)
 std::string percent(unsigned long part, unsigned long whole)
 {
     const unsigned long tenths = whole == 0 ? 0 : (1000 * part + whole / 2) / whole;
-    return rightAligned(std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " %", 9);
+    return rightAligned(std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " %", SHARE_COLUMNS);
 }
 
-std::string bar(unsigned long part, unsigned long whole)
+// The longest bar of a list stands for the largest of its shares.
+std::string bar(unsigned long part, unsigned long largest, std::size_t columns)
 {
-    const unsigned long columns = whole == 0 ? 0 : (BAR_COLUMNS * part + whole / 2) / whole;
-    return std::string(columns, '#');
+    return std::string(largest == 0 ? 0 : (columns * part + largest / 2) / largest, '#');
 }
+
+std::string titles(std::initializer_list<const char*> columns)
+{
+    std::string line;
+    for (const char* const column : columns)
+        line += rightAligned(column, NUMBER_COLUMNS);
+    return line;
+}
+
+const std::string SHARE_TITLES = titles({"count", "octets"}) + rightAligned("share", SHARE_COLUMNS);
 
 } // namespace
 
@@ -87,20 +106,23 @@ std::string StatisticsText::of(const std::string& file, const DocumentStatistics
 
 void StatisticsText::writeItems(const DocumentStatistics& statistics)
 {
-    writeTitle("Items", rightAligned("count", NUMBER_COLUMNS) + rightAligned("octets", NUMBER_COLUMNS) + "    share");
+    using Item = DocumentStatistics::Item;
+    unsigned long largest = 0;
+    for (int item = 0; item < DocumentStatistics::ITEM_COUNT; ++item)
+        largest = std::max(largest, statistics.item(static_cast<Item>(item)).bits);
+    writeTitle(padded("Items", LABEL_COLUMNS), SHARE_TITLES);
     for (int item = 0; item < DocumentStatistics::ITEM_COUNT; ++item)
     {
-        const auto& cost = statistics.item(static_cast<DocumentStatistics::Item>(item));
+        const DocumentStatistics::Cost& cost = statistics.item(static_cast<Item>(item));
         if (cost.bits > 0)
-            writeShare(DocumentStatistics::nameOf(static_cast<DocumentStatistics::Item>(item)), cost,
-                       statistics.bits());
+            writeShare(padded(DocumentStatistics::nameOf(static_cast<Item>(item)), LABEL_COLUMNS), cost,
+                       statistics.bits(), bar(cost.bits, largest, BAR_COLUMNS));
     }
 }
 
 void StatisticsText::writeTables(const DocumentStatistics& statistics)
 {
-    writeTitle("Tables", rightAligned("entries", NUMBER_COLUMNS) + rightAligned("not used", NUMBER_COLUMNS) +
-                             rightAligned("indexes", NUMBER_COLUMNS) + rightAligned("saved", NUMBER_COLUMNS));
+    writeTitle(padded("Tables", LABEL_COLUMNS), titles({"entries", "not used", "indexes", "saved"}));
     for (std::size_t table = 0; table < DocumentStatistics::TABLE_COUNT; ++table)
     {
         const DocumentStatistics::TableUse use = statistics.table(static_cast<Table>(table));
@@ -115,10 +137,13 @@ void StatisticsText::writeTables(const DocumentStatistics& statistics)
 
 void StatisticsText::writeForms(const DocumentStatistics& statistics)
 {
-    writeTitle("Literals",
-               rightAligned("count", NUMBER_COLUMNS) + rightAligned("octets", NUMBER_COLUMNS) + "    share");
-    for (const auto& [form, cost] : statistics.forms())
-        writeShare(form, cost, statistics.bits());
+    const auto forms = statistics.forms(); // the largest is the first
+    if (forms.empty())
+        return;
+    writeTitle(padded("Literals", LABEL_COLUMNS), SHARE_TITLES);
+    for (const auto& [form, cost] : forms)
+        writeShare(padded(form, LABEL_COLUMNS), cost, statistics.bits(),
+                   bar(cost.bits, forms.front().second.bits, BAR_COLUMNS));
 }
 
 void StatisticsText::writeExpenses(const char* title, const std::vector<DocumentStatistics::Expense>& expenses,
@@ -126,26 +151,28 @@ void StatisticsText::writeExpenses(const char* title, const std::vector<Document
 {
     if (expenses.empty())
         return;
-    writeTitle(title, rightAligned("count", NUMBER_COLUMNS) + rightAligned("octets", NUMBER_COLUMNS) + "    share");
+    const int characters = _terminal.isTerminal()
+                               ? std::clamp(_terminal.width() - COLUMNS_BEFORE_TEXT, MIN_CHARACTERS, MAX_CHARACTERS)
+                               : MAX_CHARACTERS;
+    writeTitle(padded(title, TABLE_COLUMNS), SHARE_TITLES);
     for (const DocumentStatistics::Expense& expense : expenses)
-        writeShare(nameOf(expense.table), expense.cost, allBits, quoted(expense.text, SHOWN_CHARACTERS));
+        writeShare(padded(nameOf(expense.table), TABLE_COLUMNS), expense.cost, allBits,
+                   padded(bar(expense.cost.bits, expenses.front().cost.bits, SHORT_BAR_COLUMNS), SHORT_BAR_COLUMNS),
+                   quoted(expense.text, static_cast<std::size_t>(characters)));
 }
 
 void StatisticsText::writeTitle(const std::string& title, const std::string& columns)
 {
-    _output << '\n' << _terminal.styled(Terminal::BOLD, padded(title, LABEL_COLUMNS + 2)) << columns << '\n';
+    _output << '\n' << _terminal.styled(Terminal::BOLD, title) << "  " << columns << '\n';
 }
 
 void StatisticsText::writeShare(const std::string& label, const DocumentStatistics::Cost& cost, unsigned long allBits,
-                                const std::string& comment)
+                                const std::string& bar, const std::string& text)
 {
-    const std::string bars = bar(cost.bits, allBits);
-    _output << "  " << padded(label, LABEL_COLUMNS) << number(static_cast<long>(cost.count))
-            << octets(static_cast<long>(cost.bits)) << percent(cost.bits, allBits);
-    if (!bars.empty() || !comment.empty())
-        _output << "  " << _terminal.styled(Terminal::CYAN, comment.empty() ? bars : padded(bars, BAR_COLUMNS));
-    if (!comment.empty())
-        _output << "  " << comment;
+    _output << "  " << label << number(static_cast<long>(cost.count)) << octets(static_cast<long>(cost.bits))
+            << percent(cost.bits, allBits) << "  " << _terminal.styled(Terminal::CYAN, bar);
+    if (!text.empty())
+        _output << "  " << text;
     _output << '\n';
 }
 

@@ -28,7 +28,7 @@ private:
                        unsigned long allBits);
     void writeTitle(const std::string& title, const std::string& columns);
     void writeShare(const std::string& label, const DocumentStatistics::Cost& cost, unsigned long allBits,
-                    const std::string& comment = std::string());
+                    const std::string& bar, const std::string& text = std::string());
 
     const Terminal _terminal;
     std::ostringstream _output;

@@ -277,11 +277,11 @@ test_StatisticsTellWhatIndexingSaves()
 a.finf: 34 octets
 
 Items                              count      octets    share
-  header                               1           6   16.2 %  ###
-  elements                             3           4   12.5 %  ###
-  element names                        3           4   12.5 %  ###
-  attribute names                      3           5   14.7 %  ###
-  attribute values                     3          15   44.1 %  #########
+  header                               1           6   16.2 %  #######
+  elements                             3           4   12.5 %  ######
+  element names                        3           4   12.5 %  ######
+  attribute names                      3           5   14.7 %  #######
+  attribute values                     3          15   44.1 %  ####################
 
 Tables                           entries    not used     indexes       saved
   local names                          2           2           0           0
@@ -290,15 +290,15 @@ Tables                           entries    not used     indexes       saved
   attribute names                      1           0           2           2
 
 Literals                           count      octets    share
-  UTF-8                                4          18   52.9 %  ###########
+  UTF-8                                4          18   52.9 %  ####################
 
-Costliest names                    count      octets    share
-  attribute names                      3           5   13.6 %  ###                   "b"
-  element names                        3           4   12.5 %  ###                   "a"
+Costliest names            count      octets    share
+  attribute names              3           5   13.6 %  ##########  "b"
+  element names                3           4   12.5 %  #########   "a"
 
-Costliest strings                  count      octets    share
-  attribute values                     2           8   23.5 %  #####                 "value1"
-  attribute values                     1           7   20.6 %  ####                  "value2"
+Costliest strings          count      octets    share
+  attribute values             2           8   23.5 %  ##########  "value1"
+  attribute values             1           7   20.6 %  #########   "value2"
 END
     diff expected out || fail "stats shows something else"
     run 3 stats a.finf nothing.finf /dev/null
