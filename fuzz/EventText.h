@@ -2,6 +2,7 @@
 #ifndef VESK_FUZZ_EVENTTEXT_H
 #define VESK_FUZZ_EVENTTEXT_H
 
+#include "Vesk/FastInfoset/FISArrayHandler.h"
 #include "Vesk/FastInfoset/FISContentHandler.h"
 #include "Vesk/FastInfoset/FISDocumentHandler.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
@@ -128,6 +129,25 @@ private:
     static std::string bits(Value value)
     {
         return std::string(reinterpret_cast<const char*>(&value), sizeof value);
+    }
+};
+
+/// The same, with numbers taken in arrays.
+class ArrayEventText : public TypedEventText, public Vesk::FastInfoset::FISArrayHandler
+{
+public:
+    void encodedArray(const short* values, std::size_t count) override { addAll(values, count); }
+    void encodedArray(const int* values, std::size_t count) override { addAll(values, count); }
+    void encodedArray(const long* values, std::size_t count) override { addAll(values, count); }
+    void encodedArray(const float* values, std::size_t count) override { addAll(values, count); }
+    void encodedArray(const double* values, std::size_t count) override { addAll(values, count); }
+
+private:
+    template <typename Value>
+    void addAll(const Value* values, std::size_t count)
+    {
+        for (std::size_t i = 0; i < count; ++i)
+            encodedData(values[i]);
     }
 };
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// Any octets as XML text. What the XML parser takes has to go to Fast Infoset and back without a change.
+// Any octets as XML text. What the XML parser takes has to go to Fast Infoset and back without a change, whether text
+// that can be stored as values is or not.
 #include "EventRecorder.h"
 #include "Fuzz.h"
 #include "Vesk/FastInfoset/Converter.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
+#include "Vesk/XML/InputSource.h"
+#include "Vesk/XML/SAXParser.h"
 #include "Vesk/XML/XMLWriter.h"
 #include <sstream>
 
@@ -55,6 +58,16 @@ std::string toFIS(const std::string& xml, int maxIndexedLength, int options)
     return out.str();
 }
 
+std::string toTypedFIS(const std::string& xml, int maxIndexedLength)
+{
+    std::istringstream in(xml);
+    XML::InputSource source(in);
+    XML::SAXParser parser;
+    std::ostringstream out;
+    Converter::convertToFIS(parser, source, out, maxIndexedLength, Converter::TYPED);
+    return out.str();
+}
+
 std::string toXML(const std::string& document, int options)
 {
     std::istringstream in(document);
@@ -70,6 +83,8 @@ void roundTrip(const std::string& xml, int maxIndexedLength)
     const std::string document = toFIS(xml, maxIndexedLength, 0);
     FastInfosetParser parser;
     Fuzz::requireEqual(eventsOf<Recorder>(parser, document), events, "the Fast Infoset document has other events");
+    Fuzz::requireEqual(eventsOf<Recorder>(parser, toTypedFIS(xml, maxIndexedLength)), events,
+                       "the typed Fast Infoset document has other events");
     Fuzz::requireEqual(eventsOfText<Recorder>(toXML(document, 0)), events, "the text that came back has other events");
 }
 
