@@ -19,6 +19,7 @@
 #include "Vesk/XML/AttributesImpl.h"
 #include <cstring>
 #include <stdexcept>
+#include <typeinfo>
 
 namespace Vesk::FastInfoset
 {
@@ -244,42 +245,53 @@ void FastInfosetWriter::binaryData(const char* data, std::size_t octetCount)
 
 void FastInfosetWriter::encodedData(short value)
 {
-    insertEncoding(new ShortEncoding(value));
+    insertValue<ShortEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(int value)
 {
-    insertEncoding(new IntEncoding(value));
+    insertValue<IntEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(long value)
 {
-    insertEncoding(new LongEncoding(value));
+    insertValue<LongEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(bool value)
 {
-    insertEncoding(new BoolEncoding(value));
+    insertValue<BoolEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(float value)
 {
-    insertEncoding(new FloatEncoding(value));
+    insertValue<FloatEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(double value)
 {
-    insertEncoding(new DoubleEncoding(value));
+    insertValue<DoubleEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(const UUID& value)
 {
-    insertEncoding(new UUIDEncoding(value));
+    insertValue<UUIDEncoding>(value);
 }
 
 void FastInfosetWriter::encodedData(const AutoPtr<Encoding>& values)
 {
     insertEncoding(values);
+}
+
+// What insertEncoding does with an encoding of this one value, without making it for each of many.
+template <class ValueEncoding, class Value>
+void FastInfosetWriter::insertValue(const Value& value)
+{
+    Encoding* const last = _encodedData.empty() ? nullptr : _encodedData.back().get();
+    if (last && typeid(*last) == typeid(ValueEncoding))
+        static_cast<ValueEncoding*>(last)->append(value);
+    else
+        insertEncoding(new ValueEncoding(value));
 }
 
 void FastInfosetWriter::insertEncoding(const AutoPtr<Encoding>& encoding)

@@ -195,6 +195,8 @@ private:
     void pushState(State state);
     void popState();
     void checkBalance() const;
+    template <class ValueEncoding, class Value>
+    void insertValue(const Value& value);
     void insertEncoding(const AutoPtr<Encoding>& encoding);
     void handleEncodedData();
     void writeText(const char* text, std::size_t octetCount);

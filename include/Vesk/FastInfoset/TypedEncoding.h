@@ -56,6 +56,13 @@ public:
     /// The values, in order. Valid until the object changes.
     const std::vector<Value>& values() const { return _values; }
 
+    /// Appends a value. The content string stays as it was.
+    void append(const Value& value)
+    {
+        this->materializeContent();
+        _values.push_back(value);
+    }
+
     /// Appends the other's values if it is of the same type. The content string stays as it was.
     bool merge(const Encoding& other) override;
 
