@@ -24,10 +24,15 @@ bool isPlain(unsigned int algorithm)
     return algorithm == NullEncoding::TYPE || algorithm == CDATA_ALGORITHM;
 }
 
-void checkOffset(bool legal, const char* message)
+[[noreturn]] void throwIllegalOffset(const char* message)
+{
+    throw FISEncodingException(message);
+}
+
+inline void checkOffset(bool legal, const char* message)
 {
     if (!legal)
-        throw FISEncodingException(message);
+        throwIllegalOffset(message);
 }
 
 } // namespace
@@ -267,26 +272,31 @@ void StringWriter::writeCharacterChunk(std::string_view text)
 //
 //   ??iiiiii    an index             ?iiiiiii
 //   ??1111pn    a literal follows    ?11110pn
-unsigned int StringWriter::writeQualifiedNameOrIndex(const std::string& prefix, const std::string& uri,
-                                                     const std::string& localName, bool isElement, unsigned int lead)
+template <bool IS_ELEMENT>
+unsigned int StringWriter::writeName(const std::string& prefix, const std::string& uri, const std::string& localName,
+                                     unsigned int lead)
 {
     checkOffset(_stream.bitOffset() == 0, "Illegal startposition for a writeQualifiedNameOrIndex value");
     if (localName.empty())
         Bugcheck::assertion("!localName.empty()", "src/FastInfosetWriter", 677);
 
-    const int leadBits = isElement ? 2 : 1;
-    NameIndexCache& cache = isElement ? _elementNames : _attributeNames;
+    NameIndexCache& cache = IS_ELEMENT ? _elementNames : _attributeNames;
     const RecentText key(localName);
     unsigned int index = cache.find(prefix, uri, localName, key);
     if (index != 0)
     {
-        OctetCode::integer(_stream, lead, leadBits, index);
+        OctetCode::integer(_stream, lead, IS_ELEMENT ? 2 : 1, index);
         return index;
     }
-    index = enterAndWriteName(prefix, uri, localName, isElement, lead);
+    index = enterAndWriteName(prefix, uri, localName, IS_ELEMENT, lead);
     cache.remember(prefix, key, index);
     return index;
 }
+
+template unsigned int StringWriter::writeName<true>(const std::string& prefix, const std::string& uri,
+                                                    const std::string& localName, unsigned int lead);
+template unsigned int StringWriter::writeName<false>(const std::string& prefix, const std::string& uri,
+                                                     const std::string& localName, unsigned int lead);
 
 // A name is in the table only if all its parts are. What is new is entered before anything is written, so that each
 // part is looked up once.

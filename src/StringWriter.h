@@ -74,7 +74,11 @@ public:
     /// On an octet boundary, with the bits before the name, two of an element and one of an attribute, left-aligned in
     /// lead.
     unsigned int writeQualifiedNameOrIndex(const std::string& prefix, const std::string& uri,
-                                           const std::string& localName, bool isElement, unsigned int lead);
+                                           const std::string& localName, bool isElement, unsigned int lead)
+    {
+        return isElement ? writeName<true>(prefix, uri, localName, lead)
+                         : writeName<false>(prefix, uri, localName, lead);
+    }
     /// What follows the mark of a literal name, at bit offset 6. The parts are in the tables.
     unsigned int writeQualifiedName(const QualifiedNameEntry& name, bool isElement);
 
@@ -100,6 +104,9 @@ private:
 
     ValueCache* valueCache(DocumentVocabulary::ID table);
     NamespaceCache* namespaceCache(DocumentVocabulary::ID table);
+    template <bool IS_ELEMENT>
+    unsigned int writeName(const std::string& prefix, const std::string& uri, const std::string& localName,
+                           unsigned int lead);
     template <int LEAD_BITS>
     unsigned int writeValue(unsigned int lead, std::string_view text, DocumentVocabulary::ID table, ValueCache* recent);
     Lookup lookUp(std::string_view text, DocumentVocabulary::ID table, ValueCache* recent);
