@@ -34,9 +34,10 @@ run()
 }
 
 step "Convert $document to Fast Infoset and back"
-run "$veskfi" encode "$document" -o "$build/symbols-poi.finf"
-run "$veskfi" decode "$build/symbols-poi.finf" -o "$build/symbols-poi.svg"
+run "$veskfi" encode -f "$document" -o "$build/symbols-poi.finf"
+run "$veskfi" decode -f "$build/symbols-poi.finf" -o "$build/symbols-poi.svg"
 run ls -l "$document" "$build/symbols-poi.finf" "$build/symbols-poi.svg"
 
 step "Compare and measure"
 run "$build/examples/roundtrip" "$document"
+run "$veskfi" compare "$document"
