@@ -11,6 +11,7 @@ namespace Vesk::FastInfoset
 
 BitStreamWriter::BitStreamWriter(std::ostream& stream, bool paddingBit)
     : _stream(stream),
+      _streamState(stream),
       _paddingBit(paddingBit)
 {
 }
@@ -141,7 +142,7 @@ void BitStreamWriter::writeToStream(const char* octets, long octetCount)
     // Taken for failed until the stream has said otherwise, in whichever way it says so.
     _failed = true;
     giveToStream(octets, octetCount);
-    _failed = !_stream.good();
+    _failed = !_streamState.good();
     if (_failed)
         throwFailed();
 }
@@ -151,8 +152,8 @@ void BitStreamWriter::writeToStream(const char* octets, long octetCount)
 // exceptions.
 bool BitStreamWriter::isPlainStream() const
 {
-    return _stream.good() && _stream.tie() == nullptr && (_stream.flags() & std::ios_base::unitbuf) == 0 &&
-           _stream.exceptions() == std::ios_base::goodbit;
+    return _streamState.good() && _streamState.tie() == nullptr &&
+           (_streamState.flags() & std::ios_base::unitbuf) == 0 && _streamState.exceptions() == std::ios_base::goodbit;
 }
 
 // As ostream::write does it.
@@ -165,12 +166,12 @@ void BitStreamWriter::giveToStream(const char* octets, std::streamsize octetCoun
     }
     try
     {
-        if (_stream.rdbuf()->sputn(octets, octetCount) != octetCount)
-            _stream.setstate(std::ios_base::badbit);
+        if (_streamState.rdbuf()->sputn(octets, octetCount) != octetCount)
+            _streamState.setstate(std::ios_base::badbit);
     }
     catch (...)
     {
-        _stream.setstate(std::ios_base::badbit);
+        _streamState.setstate(std::ios_base::badbit);
     }
 }
 
@@ -194,15 +195,15 @@ void BitStreamWriter::flushStream()
     {
         try
         {
-            if (_stream.rdbuf()->pubsync() == -1)
-                _stream.setstate(std::ios_base::badbit);
+            if (_streamState.rdbuf()->pubsync() == -1)
+                _streamState.setstate(std::ios_base::badbit);
         }
         catch (...)
         {
-            _stream.setstate(std::ios_base::badbit);
+            _streamState.setstate(std::ios_base::badbit);
         }
     }
-    _failed = !_stream.good();
+    _failed = !_streamState.good();
     if (_failed)
         throwFailed();
 }

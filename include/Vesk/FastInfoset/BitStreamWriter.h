@@ -88,6 +88,7 @@ private:
     void flushStream();
 
     std::ostream& _stream;
+    std::ios& _streamState; // the part of the stream that takes finding, being a virtual base
     bool _paddingBit;
     bool _holding = false;
     bool _flushDue = false;
