@@ -186,10 +186,12 @@ public:
     }
     void characters(const char ch[], int start, int length) override
     {
-        settleBinary();
         const char* const begin = ch + start;
         const void* const zero = std::memchr(begin, 0, static_cast<std::size_t>(length));
         const char* const end = zero ? static_cast<const char*>(zero) : begin + length;
+        if (begin == end)
+            return; // of which nothing is written
+        settleBinary();
         _text.append(begin, end);
         _content = true;
     }
