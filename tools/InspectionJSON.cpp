@@ -12,18 +12,6 @@ using Part = FastInfoset::StructureObserver::Part;
 namespace
 {
 
-std::string hexadecimal(std::string_view octets)
-{
-    const char* const digits = "0123456789abcdef";
-    std::string text;
-    for (const char octet : octets)
-    {
-        text += digits[static_cast<unsigned char>(octet) >> 4];
-        text += digits[static_cast<unsigned char>(octet) & 0xF];
-    }
-    return text;
-}
-
 void addTable(JSONWriter& json, const Part& part)
 {
     if (part.table != StructureObserver::Table::NONE)
@@ -89,35 +77,38 @@ InspectionJSON::InspectionJSON(std::ostream& output)
 void InspectionJSON::part(const InspectedPart& inspected)
 {
     const Part& part = inspected.part;
-    JSONWriter json;
+    JSONWriter json(_output);
     json.beginObject();
     json.member("offset", part.beginBit / 8)
         .member("bit", part.beginBit % 8)
         .member("bits", part.endBit - part.beginBit);
-    json.member("octets", hexadecimal(inspected.octets));
+    json.key("octets").hexadecimal(inspected.octets);
     json.member("depth", static_cast<unsigned long>(inspected.depth)).member("structure", nameOf(inspected.structure));
     json.member("part", nameOf(part.kind));
     addDetails(json, inspected);
-    _output << json.endObject().text() << '\n';
+    json.endObject();
+    _output << '\n';
 }
 
 void InspectionJSON::octetsBehind(unsigned long offset, unsigned long octetCount, std::string_view firstOctets)
 {
-    JSONWriter json;
+    JSONWriter json(_output);
     json.beginObject();
     json.member("offset", offset).member("bit", 0ul).member("bits", 8 * octetCount);
-    json.member("octets", hexadecimal(firstOctets)).member("part", "behind the document");
-    _output << json.endObject().text() << '\n';
+    json.key("octets").hexadecimal(firstOctets).member("part", "behind the document");
+    json.endObject();
+    _output << '\n';
 }
 
 void InspectionJSON::failure(unsigned long bit, std::string_view octets, const std::string& reason,
                              const std::string& path)
 {
-    JSONWriter json;
+    JSONWriter json(_output);
     json.beginObject();
-    json.member("offset", bit / 8).member("bit", bit % 8).member("octets", hexadecimal(octets));
+    json.member("offset", bit / 8).member("bit", bit % 8).key("octets").hexadecimal(octets);
     json.member("error", reason).member("path", path);
-    _output << json.endObject().text() << '\n';
+    json.endObject();
+    _output << '\n';
 }
 
 } // namespace Vesk::Tool

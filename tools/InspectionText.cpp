@@ -50,19 +50,13 @@ std::string bits(char octet, unsigned long first, unsigned long end)
     return text;
 }
 
-// Octets as words: hexadecimal, or bits for those that belong to the part only partly.
-std::vector<std::string> octetWords(unsigned long beginBit, unsigned long endBit, std::string_view octets)
+// Octet i as a word: hexadecimal, or bits if it belongs to the part only partly.
+std::string octetWord(unsigned long beginBit, unsigned long endBit, std::string_view octets, std::size_t i)
 {
-    std::vector<std::string> words;
-    const unsigned long firstOctet = beginBit / 8;
-    for (std::size_t i = 0; i < octets.size(); ++i)
-    {
-        const unsigned long octetBit = 8 * (firstOctet + i);
-        const unsigned long first = std::max(beginBit, octetBit) - octetBit;
-        const unsigned long end = std::min(endBit, octetBit + 8) - octetBit;
-        words.push_back(first == 0 && end == 8 ? hexadecimal(octets[i]) : bits(octets[i], first, end));
-    }
-    return words;
+    const unsigned long octetBit = 8 * (beginBit / 8 + i);
+    const unsigned long first = std::max(beginBit, octetBit) - octetBit;
+    const unsigned long end = std::min(endBit, octetBit + 8) - octetBit;
+    return first == 0 && end == 8 ? hexadecimal(octets[i]) : bits(octets[i], first, end);
 }
 
 struct Flag
@@ -112,45 +106,47 @@ InspectionText::InspectionText(std::ostream& output, const Terminal& terminal, b
 void InspectionText::part(const InspectedPart& inspected)
 {
     const Part& part = inspected.part;
-    line(part.beginBit < part.endBit ? offsetText(part.beginBit) : "",
-         octetWords(part.beginBit, part.endBit, inspected.octets), inspected.depth, descriptionOf(inspected));
+    line(part.beginBit, part.endBit, inspected.octets, inspected.depth, descriptionOf(inspected));
 }
 
 void InspectionText::octetsBehind(unsigned long offset, unsigned long octetCount, std::string_view firstOctets)
 {
-    std::vector<std::string> words = octetWords(8 * offset, 8 * (offset + octetCount), firstOctets);
-    if (firstOctets.size() < octetCount)
-        words.emplace_back("..");
-    line(offsetText(8 * offset), words, 0,
+    line(8 * offset, 8 * (offset + octetCount), firstOctets, 0,
          _terminal.styled(Terminal::YELLOW, times(octetCount, "octet", "octets") + " behind the document, not read"));
 }
 
 void InspectionText::failure(unsigned long bit, std::string_view octets, const std::string& reason,
                              const std::string& path)
 {
-    line(offsetText(bit), octetWords(bit, ALL_BITS, octets), 0,
+    line(bit, ALL_BITS, octets, 0,
          _terminal.styled(Terminal::RED, "ERROR in " + path + ": " + shown(reason, ALL_CHARACTERS)));
 }
 
-// Octets that do not fit beside the description go to lines of their own, or only their start is shown.
-void InspectionText::line(const std::string& offset, const std::vector<std::string>& words, std::size_t depth,
+// Octets that do not fit beside the description go to lines of their own, or only the first ones are shown.
+void InspectionText::line(unsigned long beginBit, unsigned long endBit, std::string_view octets, std::size_t depth,
                           const std::string& description)
 {
-    std::string row;
     std::size_t next = 0;
-    for (; next < words.size() && row.size() + words[next].size() < OCTET_COLUMNS; ++next)
-        row += words[next] + ' ';
-    if (next < words.size() && !_isFull)
-        row.replace(row.size() - 3, 3, ".. ");
-    _output << _terminal.styled(Terminal::DIM, padded(offset, OFFSET_COLUMNS)) << padded(row, OCTET_COLUMNS) << "  "
-            << std::string(std::min(2 * depth, MAX_INDENTATION), ' ') << description << '\n';
-    while (_isFull && next < words.size())
+    const auto row = [&]
     {
-        row.assign(OFFSET_COLUMNS, ' ');
-        for (; next < words.size() && row.size() + words[next].size() < OFFSET_COLUMNS + OCTET_COLUMNS; ++next)
-            row += words[next] + ' ';
-        _output << row << '\n';
-    }
+        std::string words;
+        for (; next < octets.size(); ++next)
+        {
+            const std::string word = octetWord(beginBit, endBit, octets, next);
+            if (words.size() + word.size() >= OCTET_COLUMNS)
+                break;
+            words += word + ' ';
+        }
+        return words;
+    };
+    std::string first = row();
+    if (next < octets.size() && !_isFull)
+        first.replace(first.size() - 3, 3, ".. ");
+    _output << _terminal.styled(Terminal::DIM, padded(beginBit < endBit ? offsetText(beginBit) : "", OFFSET_COLUMNS))
+            << padded(first, OCTET_COLUMNS) << "  " << std::string(std::min(2 * depth, MAX_INDENTATION), ' ')
+            << description << '\n';
+    while (_isFull && next < octets.size())
+        _output << padded("", OFFSET_COLUMNS) << row() << '\n';
 }
 
 std::string InspectionText::descriptionOf(const InspectedPart& inspected) const

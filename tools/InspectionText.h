@@ -7,7 +7,6 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace Vesk::Tool
 {
@@ -28,7 +27,7 @@ public:
 private:
     using Part = FastInfoset::StructureObserver::Part;
 
-    void line(const std::string& offset, const std::vector<std::string>& words, std::size_t depth,
+    void line(unsigned long beginBit, unsigned long endBit, std::string_view octets, std::size_t depth,
               const std::string& description);
     std::string descriptionOf(const InspectedPart& inspected) const;
     static std::string formOf(const Part& part);

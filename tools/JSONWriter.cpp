@@ -5,64 +5,71 @@
 namespace Vesk::Tool
 {
 
-JSONWriter& JSONWriter::beginObject()
+JSONWriter::JSONWriter(std::ostream& output)
+    : _output(output)
 {
-    add("{");
-    _needsComma = false;
-    return *this;
-}
-
-JSONWriter& JSONWriter::endObject()
-{
-    return close('}');
-}
-
-JSONWriter& JSONWriter::beginArray()
-{
-    add("[");
-    _needsComma = false;
-    return *this;
-}
-
-JSONWriter& JSONWriter::endArray()
-{
-    return close(']');
 }
 
 JSONWriter& JSONWriter::key(const char* name)
 {
-    add(quotedJSON(name) + ":");
+    separate();
+    _output << '"' << name << "\":";
     _needsComma = false;
     return *this;
 }
 
 JSONWriter& JSONWriter::value(const std::string& text)
 {
-    return add(quotedJSON(text));
+    separate();
+    writeJSON(_output, text);
+    return *this;
 }
 
 JSONWriter& JSONWriter::value(unsigned long number)
 {
-    return add(std::to_string(number));
+    separate();
+    _output << number;
+    return *this;
 }
 
 JSONWriter& JSONWriter::value(long number)
 {
-    return add(std::to_string(number));
+    separate();
+    _output << number;
+    return *this;
 }
 
-JSONWriter& JSONWriter::add(const std::string& token)
+JSONWriter& JSONWriter::hexadecimal(std::string_view octets)
+{
+    separate();
+    _output << '"';
+    for (const char octet : octets)
+    {
+        const auto value = static_cast<unsigned char>(octet);
+        _output.put("0123456789abcdef"[value >> 4]).put("0123456789abcdef"[value & 0xF]);
+    }
+    _output << '"';
+    return *this;
+}
+
+void JSONWriter::separate()
 {
     if (_needsComma)
-        _text += ',';
-    _text += token;
+        _output << ',';
     _needsComma = true;
+}
+
+JSONWriter& JSONWriter::open(char bracket)
+{
+    separate();
+    _output << bracket;
+    _needsComma = false;
     return *this;
 }
 
 JSONWriter& JSONWriter::close(char bracket)
 {
-    _text += bracket;
+    _output << bracket;
     _needsComma = true;
     return *this;
 }

@@ -2,27 +2,34 @@
 #ifndef VESKFI_JSONWRITER_H
 #define VESKFI_JSONWRITER_H
 
+#include <ostream>
 #include <string>
+#include <string_view>
 
 namespace Vesk::Tool
 {
 
-/// Builds a JSON text in one line. Commas come by themselves.
+/// Writes a JSON text in one line. Commas come by themselves.
 class JSONWriter
 {
 public:
-    JSONWriter& beginObject();
-    JSONWriter& endObject();
-    JSONWriter& beginArray();
-    JSONWriter& endArray();
+    /// The output is borrowed.
+    explicit JSONWriter(std::ostream& output);
+
+    JSONWriter& beginObject() { return open('{'); }
+    JSONWriter& endObject() { return close('}'); }
+    JSONWriter& beginArray() { return open('['); }
+    JSONWriter& endArray() { return close(']'); }
 
     /// The name of the member whose value comes next.
     JSONWriter& key(const char* name);
 
     JSONWriter& value(const std::string& text);
-    JSONWriter& value(const char* text) { return value(std::string(text)); }
     JSONWriter& value(unsigned long number);
     JSONWriter& value(long number);
+
+    /// Octets as a string of hexadecimal digits.
+    JSONWriter& hexadecimal(std::string_view octets);
 
     /// A member of an object.
     template <typename T>
@@ -31,13 +38,12 @@ public:
         return key(name).value(memberValue);
     }
 
-    const std::string& text() const { return _text; }
-
 private:
-    JSONWriter& add(const std::string& token);
+    void separate();
+    JSONWriter& open(char bracket);
     JSONWriter& close(char bracket);
 
-    std::string _text;
+    std::ostream& _output;
     bool _needsComma = false;
 };
 

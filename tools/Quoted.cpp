@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Quoted.h"
 #include "Vesk/UTF8Encoding.h"
+#include <string_view>
 
 namespace Vesk::Tool
 {
 
 namespace
 {
+
+constexpr std::size_t BLOCK_OCTETS = 4096; // written at a time, so that long texts are not held twice
 
 const char REPLACEMENT_CHARACTER[] = "\xEF\xBF\xBD";
 
@@ -52,7 +55,7 @@ void forEachCharacter(const std::string& text, Append append)
     {
         const char* const begin = next;
         const int codePoint = utf8.decode(next, end);
-        if (!append(codePoint, std::string(begin, next)))
+        if (!append(codePoint, std::string_view(begin, static_cast<std::size_t>(next - begin))))
             return;
     }
 }
@@ -62,7 +65,7 @@ std::string shown(const std::string& text, std::size_t maxCharacters, bool isQuo
     std::string result;
     std::size_t characters = 0;
     forEachCharacter(text,
-                     [&](int codePoint, const std::string& octets)
+                     [&](int codePoint, std::string_view octets)
                      {
                          if (characters++ == maxCharacters)
                          {
@@ -101,23 +104,28 @@ std::string quoted(const std::string& text, std::size_t maxCharacters)
     return '"' + shown(text, maxCharacters, true);
 }
 
-std::string quotedJSON(const std::string& text)
+void writeJSON(std::ostream& output, const std::string& text)
 {
-    std::string result = "\"";
+    std::string block = "\"";
     forEachCharacter(text,
-                     [&result](int codePoint, const std::string& octets)
+                     [&](int codePoint, std::string_view octets)
                      {
                          if (codePoint < 0)
-                             result += REPLACEMENT_CHARACTER;
+                             block += REPLACEMENT_CHARACTER;
                          else if (codePoint < 0x20 || codePoint == 0x7F)
-                             result += "\\u" + hexadecimal(static_cast<unsigned int>(codePoint), 4);
+                             block += "\\u" + hexadecimal(static_cast<unsigned int>(codePoint), 4);
                          else if (codePoint == '"' || codePoint == '\\')
-                             result += '\\' + octets;
+                             (block += '\\') += octets;
                          else
-                             result += octets;
+                             block += octets;
+                         if (block.size() >= BLOCK_OCTETS)
+                         {
+                             output << block;
+                             block.clear();
+                         }
                          return true;
                      });
-    return result + '"';
+    output << block << '"';
 }
 
 } // namespace Vesk::Tool

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <ostream>
 #include <string>
 
 namespace Vesk::Tool
@@ -19,8 +20,8 @@ std::string shown(const std::string& text, std::size_t maxCharacters);
 /// The same between quotation marks; those within the text are escaped.
 std::string quoted(const std::string& text, std::size_t maxCharacters);
 
-/// The text as a JSON string, quotation marks included. Octets that are no UTF-8 become U+FFFD.
-std::string quotedJSON(const std::string& text);
+/// Writes the text as a JSON string, quotation marks included. Octets that are no UTF-8 become U+FFFD.
+void writeJSON(std::ostream& output, const std::string& text);
 
 } // namespace Vesk::Tool
 

@@ -2,6 +2,7 @@
 #include "StatisticsJSON.h"
 #include "FormatNames.h"
 #include "JSONWriter.h"
+#include <sstream>
 
 namespace Vesk::Tool
 {
@@ -54,7 +55,8 @@ void addExpenses(JSONWriter& json, const char* key, const std::vector<DocumentSt
 
 std::string statisticsJSON(const std::string& file, const DocumentStatistics& statistics)
 {
-    JSONWriter json;
+    std::ostringstream text;
+    JSONWriter json(text);
     json.beginObject();
     json.member("file", file).member("bits", statistics.bits());
     json.key("items").beginArray();
@@ -72,7 +74,8 @@ std::string statisticsJSON(const std::string& file, const DocumentStatistics& st
     json.endArray();
     addExpenses(json, "names", statistics.names(EXPENSES));
     addExpenses(json, "strings", statistics.strings(EXPENSES));
-    return json.endObject().text();
+    json.endObject();
+    return text.str();
 }
 
 } // namespace Vesk::Tool
