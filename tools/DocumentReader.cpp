@@ -26,6 +26,10 @@ void DocumentReader::read(std::istream& input, const std::string& file)
     {
         _parser.parse(&source);
     }
+    catch (const Failure&)
+    {
+        throw; // of the input, or of what the observer writes to
+    }
     catch (const std::exception& exception)
     {
         throwFailure(file, exception);
@@ -76,7 +80,7 @@ void DocumentReader::throwFailure(const std::string& file, const std::exception&
 {
     const Failure plain = Failure::of(file, exception);
     if (plain.status() != ExitStatus::MALFORMED && plain.status() != ExitStatus::MISSING)
-        throw Failure(plain);
+        throw plain; // no fault of the document
 
     // What a handler refuses has been read before.
     unsigned long bit = _endBit;

@@ -327,15 +327,26 @@ test_ColourIsForTerminals()
 test_InspectFailsLikeTheOthers()
 {
     everything a.finf
+    run 0 encode "$document" -o large.finf
     run 3 inspect nothing.finf
     expectError "nothing.finf: No such file or directory"
     run 2 inspect a.finf a.finf
-    [ ! -c /dev/full ] || { "$veskfi" inspect a.finf >/dev/full 2>err; [ $? -eq 3 ] || fail "a full disk is not told: $(cat err)"; }
-    [ ! -c /dev/full ] || { "$veskfi" stats a.finf >/dev/full 2>err; [ $? -eq 3 ] || fail "a full disk is not told: $(cat err)"; }
-    "$veskfi" inspect a.finf 2>err | head -1 >/dev/null
-    expectNothingSaid
+
     "$veskfi" inspect <a.finf >out || fail "inspect does not read standard input"
     grep -q 'end of document' out || fail "inspect shows: $(cat out)"
+
+    # A reader that goes away and a full disk, at the end and in the middle of the document.
+    local arguments
+    for arguments in "inspect a.finf" "inspect --full large.finf" "inspect --json large.finf" "stats a.finf"; do
+        # shellcheck disable=SC2086
+        "$veskfi" $arguments 2>err | head -1 >/dev/null
+        expectNothingSaid
+        [ -c /dev/full ] || continue
+        # shellcheck disable=SC2086
+        "$veskfi" $arguments >/dev/full 2>err
+        [ $? -eq 3 ] || fail "a full disk is no failure of $arguments"
+        expectError "standard output: No space left on device"
+    done
 }
 
 runTest
