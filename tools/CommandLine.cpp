@@ -79,7 +79,10 @@ private:
 void endParsing(const CLI::App& tool, const CLI::ParseError& end)
 {
     if (end.get_exit_code() != static_cast<int>(CLI::ExitCodes::Success))
-        throw UsageError(end.what());
+    {
+        const std::vector<CLI::App*> commands = tool.get_subcommands();
+        throw UsageError(end.what(), commands.empty() ? "" : commands.front()->get_name());
+    }
     tool.exit(end); // prints
     std::cout.flush();
     if (!std::cout)

@@ -100,16 +100,16 @@ void ConversionCommand::checkUsage() const
 {
     const bool isSingle = _files.size() == 1 && !_recursive;
     if (_output.empty() + !_toStandardOutput + _outputFolder.empty() < 2)
-        throw UsageError("-o, -c and --output-dir exclude each other");
+        throw UsageError("-o, -c and --output-dir exclude each other", name());
     if (!isSingle && (!_output.empty() || _toStandardOutput))
-        throw UsageError("several documents cannot go to one output");
+        throw UsageError("several documents cannot go to one output", name());
     if (!isSingle && std::count(_files.begin(), _files.end(), STANDARD_STREAM) > 0)
-        throw UsageError("standard input cannot be one of several files");
+        throw UsageError("standard input cannot be one of several files", name());
     if (_recursive && _files.front() == STANDARD_STREAM)
-        throw UsageError("-r takes folders");
+        throw UsageError("-r takes folders", name());
     if (isToStandardOutput() && inputKind() == DocumentKind::XML && !_mayReplace &&
         Terminal(STDOUT_FILENO).isTerminal())
-        throw UsageError("standard output is a terminal, which cannot show Fast Infoset; -o FILE, or -f to write it");
+        throw UsageError("standard output is a terminal, which cannot show Fast Infoset: use -o FILE, or -f", name());
 }
 
 bool ConversionCommand::isToStandardOutput() const

@@ -85,6 +85,10 @@ void DecodeCommand::convert(InputFile& input, std::ostream& output)
     {
         throw Failure::of(input.name(), parser.octetOffset(), exception);
     }
+    // As far as they can be seen without waiting for them.
+    if (input.knownOctetCount() > parser.octetOffset())
+        messages().warning(input.name() + ": octet " + std::to_string(parser.octetOffset()) +
+                           ": what stands behind the document is left out");
 }
 
 } // namespace Vesk::Tool

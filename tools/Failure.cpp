@@ -103,8 +103,8 @@ void throwWriteError(const std::string& file, int errorNumber)
     throw FileError(file, errorNumber);
 }
 
-UsageError::UsageError(const std::string& text)
-    : Failure(ExitStatus::USAGE, text)
+UsageError::UsageError(const std::string& text, const std::string& command)
+    : Failure(ExitStatus::USAGE, text + " (see veskfi " + command + (command.empty() ? "" : " ") + "--help)")
 {
 }
 

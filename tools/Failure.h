@@ -53,11 +53,12 @@ public:
 /// Throws what a failed write makes of this error number: a BrokenPipe or another FileError.
 [[noreturn]] void throwWriteError(const std::string& file, int errorNumber);
 
-/// A command line that makes no sense. what() says why.
+/// A command line that makes no sense. what() says why and where to look.
 class UsageError : public Failure
 {
 public:
-    explicit UsageError(const std::string& text);
+    /// command: whose help to look at; that of the tool if it is empty.
+    explicit UsageError(const std::string& text, const std::string& command = std::string());
 };
 
 } // namespace Vesk::Tool

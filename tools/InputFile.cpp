@@ -41,6 +41,14 @@ mode_t InputFile::rightsOr(mode_t rights) const
     return status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
 }
 
+std::uint64_t InputFile::knownOctetCount() const
+{
+    struct stat status = {};
+    if (::fstat(_buffer.descriptor(), &status) != 0 || !S_ISREG(status.st_mode))
+        return octetCount();
+    return std::max(octetCount(), static_cast<std::uint64_t>(status.st_size));
+}
+
 InputFile::Buffer::Buffer(const std::string& path)
     : _name(path == STANDARD_INPUT ? "standard input" : path),
       _descriptor(openDescriptor(path)),

@@ -36,6 +36,9 @@ public:
     /// Octets read so far.
     std::uint64_t octetCount() const { return _buffer.octetCount(); }
 
+    /// Octets that there are, as far as it is known: those read so far, or more in a regular file.
+    std::uint64_t knownOctetCount() const;
+
     /// Counts what is read from now on there as well. The counter is borrowed.
     void countIn(std::atomic<std::uint64_t>& counter) { _buffer.countIn(counter); }
 

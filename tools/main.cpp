@@ -58,10 +58,6 @@ int main(int argc, char* argv[])
         std::signal(SIGPIPE, SIG_DFL);
         return std::raise(SIGPIPE);
     }
-    catch (const UsageError& mistake)
-    {
-        return report(mistake.status(), std::string(mistake.what()) + " (see veskfi --help)");
-    }
     catch (const Failure& failure)
     {
         return report(failure.status(), failure.what());

@@ -329,6 +329,8 @@ test_FileAloneIsConvertedTheOtherWay()
     echo 'Something else.' >c.txt
     run 1 c.txt
     expectError "c.txt: neither XML nor Fast Infoset"
+    run 2 decode --frobnicate
+    expectErrorLike "*--frobnicate (see veskfi decode --help)"
     run 2 frobnicate
     expectError "frobnicate is neither a command nor a file (see veskfi --help)"
 }
@@ -527,6 +529,13 @@ test_WhatFastInfosetSaysAndXMLCannotIsToldOf()
     run 0 decode -c --no-decl a.finf
     expectErrorLike "warning: a.finf: octet 9: a reference to an entity, which was not expanded, is left out"
     [ "$(cat out)" = '<a/>' ] || fail "came back: $(cat out)"
+    (cat a.finf && echo more) >longer.finf
+    run 0 decode -c --no-decl longer.finf
+    grep -q "longer.finf: octet $(stat -c %s a.finf): what stands behind the document is left out" err ||
+        fail "it says: $(cat err)"
+    run 0 decode -q -c --no-decl longer.finf
+    expectNothingSaid
+
     printf '\xe0\x00\x00\x01\x00\x3c\x00 \xff' >b.finf
     run 1 decode b.finf
     expectErrorLike "b.finf: octet ?*"
@@ -648,7 +657,7 @@ test_WrongUsageIsToldApart()
     for arguments in "" "--frobnicate" "encode --frobnicate" "encode -o"; do
         # shellcheck disable=SC2086
         run 2 $arguments
-        expectErrorLike "* (see veskfi --help)"
+        expectErrorLike "* (see veskfi* --help)"
         [ ! -s out ] || fail "standard output holds: $(cat out)"
     done
     expectFiles
