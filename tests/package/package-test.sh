@@ -131,6 +131,8 @@ test_subdirectory()
         -DCMAKE_CXX_FLAGS=-O0 >log || fail "$(cat log)"
     cmake --build cmake --target version >log || fail "$(cat log)"
     [ "$(./cmake/version)" = "$version" ] || fail "version.h has another version"
+    grep -q "\"version\": \"$version\"" "$source/packaging/vcpkg/vesk-fastinfoset/vcpkg.json" ||
+        fail "the vcpkg port has another version"
     cmake --install cmake --prefix installed >log || fail "$(cat log)"
     [ -z "$(find installed -type f 2>/dev/null)" ] || fail "a subfolder installs something although nobody asked for it"
 }
