@@ -164,10 +164,23 @@ void ConversionCommand::recordFailure(const std::exception& exception, const std
     ++_failures;
 }
 
+// What is of the other form would only be malformed. A pipe is not waited for.
+void ConversionCommand::checkKind(InputFile& input) const
+{
+    if (!input.isRegularFile())
+        return;
+    const DocumentKind kind = kindOf(input.start());
+    if (kind == DocumentKind::XML && inputKind() == DocumentKind::FAST_INFOSET)
+        throw Failure(ExitStatus::MALFORMED, input.name() + ": is XML text already");
+    if (kind == DocumentKind::FAST_INFOSET && inputKind() == DocumentKind::XML)
+        throw Failure(ExitStatus::MALFORMED, input.name() + ": is Fast Infoset already");
+}
+
 void ConversionCommand::convert(const Conversion& conversion, Progress& progress, OutputFolders& folders)
 {
     InputFile input(conversion.input);
     input.countIn(progress.octets());
+    checkKind(input);
     if (!_outputFolder.empty())
         folders.makeFor(conversion.output);
     OutputFile output(conversion.output, _mayReplace, input.rightsOr(OutputFile::USUAL_RIGHTS));

@@ -49,6 +49,7 @@ private:
     void checkUsage() const;
     bool isToStandardOutput() const;
     void makePlan(ConversionPlan& plan);
+    void checkKind(InputFile& input) const;
     bool attempt(const Conversion& conversion, Progress& progress, OutputFolders& folders);
     void convert(const Conversion& conversion, Progress& progress, OutputFolders& folders);
     void recordFailure(const std::exception& exception, const std::string& file);

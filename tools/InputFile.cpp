@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Vesk::Tool
@@ -31,22 +30,18 @@ InputFile::InputFile(const std::string& path)
 {
     rdbuf(&_buffer);
     exceptions(badbit); // lets the buffer's FileError through instead of turning it into a flag
+    if (::fstat(_buffer.descriptor(), &_status) != 0)
+        _status = {}; // reading tells what is wrong
 }
 
 mode_t InputFile::rightsOr(mode_t rights) const
 {
-    struct stat status = {};
-    if (::fstat(_buffer.descriptor(), &status) != 0 || !S_ISREG(status.st_mode))
-        return rights;
-    return status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    return isRegularFile() ? _status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO) : rights;
 }
 
 std::uint64_t InputFile::knownOctetCount() const
 {
-    struct stat status = {};
-    if (::fstat(_buffer.descriptor(), &status) != 0 || !S_ISREG(status.st_mode))
-        return octetCount();
-    return std::max(octetCount(), static_cast<std::uint64_t>(status.st_size));
+    return isRegularFile() ? std::max(octetCount(), static_cast<std::uint64_t>(_status.st_size)) : octetCount();
 }
 
 InputFile::Buffer::Buffer(const std::string& path)

@@ -9,7 +9,7 @@
 #include <streambuf>
 #include <string>
 #include <string_view>
-#include <sys/types.h>
+#include <sys/stat.h>
 #include <vector>
 
 namespace Vesk::Tool
@@ -27,10 +27,13 @@ public:
     /// How messages call the file.
     const std::string& name() const { return _buffer.name(); }
 
+    bool isRegularFile() const { return S_ISREG(_status.st_mode); }
+
     /// Access rights of a regular file, otherwise those given.
     mode_t rightsOr(mode_t rights) const;
 
-    /// The first octets of the file, up to 1024, which are still to be read. Good until the first of them is.
+    /// The first octets of the file, up to 1024, which are still to be read. Good until the first of them is. Waits for
+    /// them where they come from a pipe.
     std::string_view start() { return _buffer.start(); }
 
     /// Octets read so far.
@@ -68,6 +71,7 @@ private:
     };
 
     Buffer _buffer;
+    struct stat _status = {}; // when it was opened
 };
 
 } // namespace Vesk::Tool

@@ -111,6 +111,13 @@ test_MalformedXMLIsReportedWithItsPlace()
 
 test_MalformedFastInfosetIsReported()
 {
+    echo '<a/>' >in.xml
+    run 1 decode in.xml -o a.xml
+    expectError "in.xml: is XML text already"
+    run 0 encode in.xml -o good.finf
+    run 1 encode good.finf
+    expectError "good.finf: is Fast Infoset already"
+    rm in.xml good.finf
     echo 'This is something else.' >in.finf
     run 1 decode in.finf -o a.xml
     expectErrorLike "in.finf: ?*"
