@@ -26,7 +26,14 @@ std::string textOf(InputFile& input)
     FastInfoset::FastInfosetParser parser;
     parser.initialize(&writer);
     XML::InputSource source(input);
-    parser.parse(&source);
+    try
+    {
+        parser.parse(&source);
+    }
+    catch (const std::exception& exception)
+    {
+        throw Failure::of(input.name(), parser.octetOffset(), exception);
+    }
     return text.str();
 }
 
