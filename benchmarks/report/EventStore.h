@@ -114,7 +114,7 @@ private:
     std::vector<Attribute> _attributes; // of all elements, one after another
     // One set for each element that has attributes, in their order.
     std::deque<XML::AttributesImpl> _prepared;
-    const XML::AttributesImpl _none;
+    const XML::AttributesImpl _none{};
     XML::AttributesImpl _reused;
 
     std::deque<std::string> _texts; // stay where they are; so do the elements of the set
