@@ -45,7 +45,7 @@ ExitStatus run(int argc, char* argv[])
 int main(int argc, char* argv[])
 {
     // A reader that went away and a file that may not grow are errors of the write, to be cleaned up after.
-    std::signal(SIGPIPE, SIG_IGN);
+    const auto pipeHandler = std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     UnfinishedFiles::removeOnSignals();
     try
@@ -54,9 +54,10 @@ int main(int argc, char* argv[])
     }
     catch (const BrokenPipe&)
     {
-        // Quietly, as every other tool in a pipe.
-        std::signal(SIGPIPE, SIG_DFL);
-        return std::raise(SIGPIPE);
+        // Quietly, as every other tool in a pipe: by the signal, unless the caller has it ignored.
+        std::signal(SIGPIPE, pipeHandler);
+        std::raise(SIGPIPE);
+        return static_cast<int>(ExitStatus::STREAM);
     }
     catch (const Failure& failure)
     {
