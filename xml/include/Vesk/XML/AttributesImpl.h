@@ -80,6 +80,7 @@ public:
     /// The strings of an attribute, borrowed.
     struct Attribute
     {
+        /// What the getters of Attributes return.
         const XMLString* uri;
         const XMLString* localName;
         const XMLString* qname;
