@@ -21,7 +21,7 @@ foreach(component runtime development tool)
   string(TOUPPER ${component} upper)
   set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${${component}_package})
   set(CPACK_DEBIAN_${upper}_FILE_NAME DEB-DEFAULT)
-  # Debian has the licence and the changes of every package in a folder of its own. Only packages have them there.
+  # Debian has the licence of every package in a folder of its own. Only the packages have it there.
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${${component}_package} RENAME copyright
     COMPONENT ${component} EXCLUDE_FROM_ALL)
 endforeach()
