@@ -40,9 +40,9 @@ unsigned long OctetLocator::octetOffset() const
 
 void OctetLocator::begin(const BitStreamReader& reader, const XML::InputSource* source)
 {
+    _reader = &reader; // first, as end() follows also if there is no memory for the identifiers
     _publicId = source ? source->getPublicId() : XML::XMLString();
     _systemId = source ? source->getSystemId() : XML::XMLString();
-    _reader = &reader;
 }
 
 void OctetLocator::end()

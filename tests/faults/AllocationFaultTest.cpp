@@ -3,6 +3,7 @@
 #include "FaultDocuments.h"
 #include "Vesk/Exception.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
+#include "Vesk/XML/InputSource.h"
 #include "Vesk/XML/XMLWriter.h"
 #include <cstdlib>
 #include <functional>
@@ -185,6 +186,25 @@ TEST(AllocationFaultTest, ParsersOfAllKinds)
             expectSafe("reused parser", [&] { return eventsOf(reused, document); });
         }
     }
+}
+
+// The parser keeps the identifiers for its locator.
+TEST(AllocationFaultTest, ParserOfANamedStream)
+{
+    const std::string document = converted(faultText());
+    expectSafe("named stream",
+               [&]
+               {
+                   std::istringstream in(document);
+                   XML::InputSource source(in);
+                   source.setPublicId("a public identifier that takes memory of its own");
+                   source.setSystemId("a system identifier that takes memory of its own");
+                   FastInfosetParser parser;
+                   EventRecorder recorder;
+                   recorder.attachTo(parser);
+                   parser.parse(&source);
+                   return recorder.events();
+               });
 }
 
 TEST(AllocationFaultTest, ParserDrivingAWriter)
