@@ -140,7 +140,6 @@ private:
 
     template <typename Writer>
     void connect(Writer& writer, FISDocumentHandler* documentHandler);
-    void* handlerProperty(const XML::XMLString& propertyId) const;
     void parseDocument(BitStreamReader& reader, const XML::InputSource* source = nullptr);
 
     XML::EntityResolver* _entityResolver = nullptr;
