@@ -19,7 +19,6 @@ public:
     void declareOptions(CommandOptions& options);
 
     bool isQuiet() const { return _isQuiet; }
-    bool isVerbose() const { return _isVerbose; }
 
     /// Always said.
     void failure(const std::string& text);

@@ -25,7 +25,7 @@ bool wantsColour()
 }
 
 // What selects the styles of Terminal::Style (ECMA-48, Select Graphic Rendition).
-const char* const CODES[] = {"0", "1", "2", "31", "32", "33", "34", "36"};
+const char* const CODES[] = {"0", "1", "2", "31", "32", "33", "36"};
 
 } // namespace
 

@@ -19,7 +19,6 @@ public:
         RED,
         GREEN,
         YELLOW,
-        BLUE,
         CYAN
     };
 
@@ -27,9 +26,6 @@ public:
     explicit Terminal(int descriptor);
 
     bool isTerminal() const { return _isTerminal; }
-
-    /// A terminal that shows colours and a user who wants them: TERM is set and not "dumb", NO_COLOR not set or empty.
-    bool hasColour() const { return _hasColour; }
 
     /// Columns, as of now; 80 for what is no terminal or does not tell.
     int width() const;
@@ -40,6 +36,7 @@ public:
 private:
     const int _descriptor;
     const bool _isTerminal;
+    // It shows colours and the user wants them: TERM is set and not "dumb", NO_COLOR not set or empty.
     const bool _hasColour;
 };
 
