@@ -6,6 +6,7 @@
 #   scripts/bench.sh [OPTION]... [FILE or FOLDER]...
 #
 #   --instructions     counts instructions per event with callgrind instead of taking times
+#   --limits           measures what hostile and large documents cost, and prints that instead
 #   --output FOLDER    where the report goes; docs by default
 #   --rows TEXT        takes only the rows whose names contain this, and prints the report
 #   --repeats N        how often each row is timed; 41 by default
@@ -16,7 +17,7 @@ set -euo pipefail
 
 usage()
 {
-    sed -n '3,14s/^# \{0,1\}//p' "$0" >&2
+    sed -n '3,15s/^# \{0,1\}//p' "$0" >&2
     exit 2
 }
 
@@ -24,11 +25,13 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build/bench
 output=$root/docs
 instructions=
+limits=
 report_options=()
 paths=()
 while [ $# -gt 0 ]; do
     case $1 in
     --instructions) instructions=yes ;;
+    --limits) limits=yes ;;
     --output) output=${2:?} && shift ;;
     --rows) report_options+=(--rows "${2:?}") && output= && shift ;;
     --repeats) report_options+=(--repeats "${2:?}") && shift ;;
@@ -53,6 +56,10 @@ if command -v ninja >/dev/null; then
 fi
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DVESK_BUILD_BENCHMARKS=ON -DVESK_BUILD_TESTS=OFF \
     -DVESK_BUILD_EXAMPLES=OFF -DVESK_BUILD_TOOLS=OFF
+if [ -n "$limits" ]; then
+    cmake --build "$build" --parallel "$(nproc)" --target vesk_limits
+    exec "$build/benchmarks/vesk_limits"
+fi
 cmake --build "$build" --parallel "$(nproc)" --target vesk_report
 
 report=$build/benchmarks/vesk_report
