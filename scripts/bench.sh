@@ -7,7 +7,7 @@
 #
 #   --instructions     counts instructions per event with callgrind instead of taking times
 #   --limits           measures what hostile and large documents cost, and prints that instead
-#   --output FOLDER    where the report goes; docs by default
+#   --output FOLDER    where the report goes; build/bench/report by default
 #   --rows TEXT        takes only the rows whose names contain this, and prints the report
 #   --repeats N        how often each row is timed; 41 by default
 #
@@ -23,7 +23,7 @@ usage()
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=$root/build/bench
-output=$root/docs
+output=$build/report
 instructions=
 limits=
 report_options=()
