@@ -5,10 +5,24 @@
 #include "DocumentKind.h"
 #include "Failure.h"
 #include "InputFile.h"
+#include <filesystem>
+#include <system_error>
 #include <unistd.h>
 
 namespace Vesk::Tool
 {
+
+namespace
+{
+
+// Opening a pipe to ask it would wait for a writer.
+bool canBeReadTwice(const std::string& file)
+{
+    std::error_code error;
+    return file != "-" && !std::filesystem::is_other(std::filesystem::status(file, error));
+}
+
+} // namespace
 
 ConvertCommand::ConvertCommand(ConversionCommand& encode, ConversionCommand& decode)
     : _encode(encode),
@@ -34,6 +48,9 @@ ExitStatus ConvertCommand::run()
 {
     if (_file.empty())
         throw UsageError("no command and no file");
+    // The first octets of a pipe are gone once they have been looked at.
+    if (!canBeReadTwice(_file))
+        throw FileError(_file, "is no regular file: say veskfi encode or veskfi decode");
     if (_file.find_first_of("./") == std::string::npos && ::access(_file.c_str(), F_OK) != 0)
         throw UsageError(_file + " is neither a command nor a file");
     InputFile file(_file);

@@ -344,6 +344,29 @@ test_FileAloneIsConvertedTheOtherWay()
     expectError "frobnicate is neither a command nor a file (see veskfi --help)"
 }
 
+# What its first octets are cannot be seen without taking them away.
+test_PipeAloneIsRefused()
+{
+    mkfifo pipe
+    "$veskfi" pipe 2>err &
+    local process=$! i
+    for ((i = 0; i < 500; ++i)); do
+        [ -s err ] && break
+        sleep 0.01
+    done
+    [ -s err ] || kill $process
+    wait $process
+    [ $? -eq 3 ] || fail "a pipe alone did not end with 3"
+    expectError "pipe: is no regular file: say veskfi encode or veskfi decode"
+    cat "$document" | "$veskfi" /dev/stdin >out 2>err
+    [ $? -eq 3 ] || fail "/dev/stdin did not end with 3"
+    expectError "/dev/stdin: is no regular file: say veskfi encode or veskfi decode"
+    "$veskfi" - <"$document" >out 2>err
+    [ $? -eq 3 ] || fail "- did not end with 3"
+    expectError "-: is no regular file: say veskfi encode or veskfi decode"
+    expectFiles pipe
+}
+
 test_ExistingFilesStay()
 {
     cp "$document" a.xml
