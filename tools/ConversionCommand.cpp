@@ -107,6 +107,8 @@ void ConversionCommand::checkUsage() const
         throw UsageError("standard input cannot be one of several files", name());
     if (_recursive && _files.front() == STANDARD_STREAM)
         throw UsageError("-r takes folders", name());
+    if (!_outputFolder.empty() && _files.front() == STANDARD_STREAM)
+        throw UsageError("--output-dir takes files, not standard input", name());
     if (isToStandardOutput() && inputKind() == DocumentKind::XML && !_mayReplace &&
         Terminal(STDOUT_FILENO).isTerminal())
         throw UsageError("standard output is a terminal, which cannot show Fast Infoset: use -o FILE, or -f", name());

@@ -463,6 +463,19 @@ test_OutputsThatCollideAreRefused()
     expectFiles x y x/a.xml y/a.xml
 }
 
+test_StandardInputHasNoPlaceInAFolder()
+{
+    echo '<a/>' >a.xml
+    local arguments
+    for arguments in "encode --output-dir d" "encode --output-dir d -"; do
+        # shellcheck disable=SC2086
+        run 2 $arguments <a.xml
+        expectError "--output-dir takes files, not standard input (see veskfi encode --help)"
+        [ ! -s out ] || fail "$arguments writes to standard output"
+    done
+    expectFiles a.xml
+}
+
 test_BinaryIsNotWrittenToATerminal()
 {
     command -v script >/dev/null || exit 77
