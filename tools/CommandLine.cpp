@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <iostream>
+#include <limits>
 #include <utility>
 
 // The only source that includes CLI11, whose templates take longer to compile than the rest of the tool.
@@ -55,7 +56,7 @@ public:
                    const std::string& description) override
     {
         _command.add_option(names, value, withDefault(description, value == 0 ? "" : std::to_string(value)))
-            ->check(CLI::NonNegativeNumber)
+            ->check(CLI::Range(0, std::numeric_limits<int>::max())) // the named check's message has 300 digits
             ->option_text(valueName);
     }
 

@@ -618,6 +618,7 @@ test_OptionsOfEncodeDoWhatTheySay()
     run 0 encode -c --typed a.xml
     [ "$(stat -c %s out)" -lt "$plain" ] || fail "--typed"
     run 2 encode --max-indexed -1 a.xml
+    expectErrorLike "--max-indexed: *-1 * 2147483647 (see veskfi encode --help)"
     "$veskfi" encode --typed <a.xml | "$veskfi" decode --no-decl >b.xml
     expectSame <(tr -d '\n' <a.xml) b.xml
     "$veskfi" encode --strip-space <a.xml | "$veskfi" decode --no-decl >b.xml
