@@ -35,7 +35,7 @@ ExitStatus StatisticsCommand::examine(InputFile& input, std::string& text)
         return ExitStatus::SUCCESS;
     }
     if (!_isFirst)
-        text = "\n";
+        text += '\n';
     _isFirst = false;
     text += StatisticsText(Terminal(STDOUT_FILENO)).of(input.name(), statistics);
     return ExitStatus::SUCCESS;
