@@ -156,23 +156,38 @@ bool BitStreamWriter::isPlainStream() const
            (_streamState.flags() & std::ios_base::unitbuf) == 0 && _streamState.exceptions() == std::ios_base::goodbit;
 }
 
-// As ostream::write does it.
-void BitStreamWriter::giveToStream(const char* octets, std::streamsize octetCount)
+// As ostream does it: a buffer that fails or throws makes the stream bad. What is no std::exception goes on, because a
+// thread that is cancelled must not be held up.
+template <class Operation>
+void BitStreamWriter::operateBuffer(Operation operation)
 {
-    if (!isPlainStream())
+    struct Outcome
     {
-        _stream.write(octets, octetCount);
-        return;
-    }
+        ~Outcome()
+        {
+            if (!isGood)
+                state.setstate(std::ios_base::badbit);
+        }
+        std::ios& state;
+        bool isGood = false;
+    };
     try
     {
-        if (_streamState.rdbuf()->sputn(octets, octetCount) != octetCount)
-            _streamState.setstate(std::ios_base::badbit);
+        Outcome outcome{_streamState};
+        outcome.isGood = operation(*_streamState.rdbuf());
     }
-    catch (...)
+    catch (const std::exception&)
     {
-        _streamState.setstate(std::ios_base::badbit);
+        // The state tells.
     }
+}
+
+void BitStreamWriter::giveToStream(const char* octets, std::streamsize octetCount)
+{
+    if (isPlainStream())
+        operateBuffer([=](std::streambuf& buffer) { return buffer.sputn(octets, octetCount) == octetCount; });
+    else
+        _stream.write(octets, octetCount);
 }
 
 // Keeps operations that append more than the buffer holds within it.
@@ -182,27 +197,14 @@ void BitStreamWriter::spill()
         writeFullBytesImpl();
 }
 
-// As ostream::flush does it.
 void BitStreamWriter::flushStream()
 {
     _flushDue = false;
     _failed = true;
-    if (!isPlainStream())
-    {
-        _stream.flush();
-    }
+    if (isPlainStream())
+        operateBuffer([](std::streambuf& buffer) { return buffer.pubsync() != -1; });
     else
-    {
-        try
-        {
-            if (_streamState.rdbuf()->pubsync() == -1)
-                _streamState.setstate(std::ios_base::badbit);
-        }
-        catch (...)
-        {
-            _streamState.setstate(std::ios_base::badbit);
-        }
-    }
+        _stream.flush();
     _failed = !_streamState.good();
     if (_failed)
         throwFailed();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "DocumentParser.h"
 #include "PrimitiveCode.h"
+#include "ReleaseLarge.h"
 #include "TextLength.h"
 #include "Vesk/FastInfoset/CDataEncoding.h"
 #include "Vesk/FastInfoset/Decoder.h"
@@ -37,6 +38,11 @@ constexpr unsigned int NAMESPACE_ATTRIBUTES = 0x38; // in the six bits where an 
 using Part = StructureObserver::Part;
 using Structure = StructureObserver::Structure;
 
+// What is kept from one document to the next.
+constexpr std::size_t KEPT_ELEMENTS = 1024;
+constexpr std::size_t KEPT_BUFFERS = 64;
+constexpr std::size_t KEPT_BUFFER_OCTETS = 4096;
+
 } // namespace
 
 template <class Observation>
@@ -70,8 +76,14 @@ void DocumentParser<Observation>::begin(BitStreamReader& reader, DocumentVocabul
     _vocabulary = &vocabulary;
     _handlers = handlers;
     _observation.begin(reader, vocabulary, handlers.observer);
+    releaseLarge(_openElements, KEPT_ELEMENTS);
     _openElements.clear();
+    releaseLarge(_prefixes, KEPT_ELEMENTS);
     _prefixes.clear();
+    if (_valueBuffers.size() > KEPT_BUFFERS)
+        _valueBuffers.resize(KEPT_BUFFERS);
+    for (const auto& buffer : _valueBuffers)
+        releaseLarge(*buffer, KEPT_BUFFER_OCTETS);
 }
 
 template <class Observation>

@@ -85,7 +85,7 @@ bool ElementWriter::collectAttributes(const XML::Attributes& attributes)
         _attributes.push_back(attribute);
         hasQualified |= !attribute.uri->empty();
     };
-    XML::AttributesImpl::forEach(attributes, collect);
+    XML::AttributesImpl::forEach(attributes, _copies, collect);
     return hasQualified;
 }
 

@@ -63,6 +63,7 @@ private:
     std::string _prefix;
     std::string _splitPrefix;
     std::string _splitLocalName;
+    XML::AttributesImpl _copies;                             // of a set of another class
     std::vector<XML::AttributesImpl::Attribute> _attributes; // without namespace declarations
     std::vector<NamespaceAttribute> _namespaceAttributes;
 };

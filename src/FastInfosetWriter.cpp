@@ -296,7 +296,8 @@ void FastInfosetWriter::insertValue(const Value& value)
 
 void FastInfosetWriter::insertEncoding(const AutoPtr<Encoding>& encoding)
 {
-    if (_encodedData.empty() || !_encodedData.back()->merge(*encoding))
+    const Encoding& values = *encoding;
+    if (_encodedData.empty() || !_encodedData.back()->merge(values))
         _encodedData.push_back(encoding);
 }
 

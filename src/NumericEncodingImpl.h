@@ -2,6 +2,7 @@
 #ifndef VESK_FASTINFOSET_NUMERICENCODINGIMPL_H
 #define VESK_FASTINFOSET_NUMERICENCODINGIMPL_H
 
+#include "ArrayDelivery.h"
 #include "BigEndian.h"
 #include "OctetBlocks.h"
 #include "TypedEncodingImpl.h"
@@ -109,7 +110,7 @@ void NumericEncoding<Class, Value>::deliver(BitStreamReader& reader, FISContentH
         std::vector<Value> values;
         readOctets(reader, octetCount, values);
         if (arrayHandler)
-            arrayHandler->encodedArray(values.data(), count);
+            ArrayDelivery::deliver(values, *arrayHandler);
         for (std::size_t i = 0; i < count && !arrayHandler; ++i)
             handler.encodedData(values[i]);
     }
@@ -128,7 +129,7 @@ void NumericEncoding<Class, Value>::deliver(BitStreamReader& reader, FISContentH
 template <class Class, typename Value>
 void NumericEncoding<Class, Value>::deliverArrays(const char* octets, std::size_t count, FISArrayHandler& handler)
 {
-    constexpr std::size_t ARRAY_SIZE = OCTET_BLOCK_SIZE / sizeof(Value);
+    constexpr std::size_t ARRAY_SIZE = ArrayDelivery::COUNT<Value>;
     Value values[ARRAY_SIZE];
     while (count > 0)
     {

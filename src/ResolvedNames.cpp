@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ResolvedNames.h"
+#include "ReleaseLarge.h"
 #include "Vesk/FastInfoset/FISException.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/QualifiedNameEntry.h"
@@ -23,7 +24,6 @@ constexpr std::size_t FIRST_SLOTS = 16; // what small documents need, all at onc
 
 // What is kept from one document to the next.
 constexpr std::size_t KEPT_SLOTS = 1024;
-constexpr std::size_t KEPT_OCTETS = 256 * 1024;
 
 const std::string* part(StringEntries& entries, unsigned int index)
 {
@@ -44,13 +44,9 @@ void ResolvedNames::begin(Vocabulary<QualifiedNameEntry>& table, bool areQualifi
     _table = &table;
     _areQualified = areQualified;
     ++_document;
-    if (_slots.size() > KEPT_SLOTS)
-        std::vector<Slot>().swap(_slots);
-    if (_qualifiedOctets > KEPT_OCTETS)
-    {
-        for (unsigned int i = 0; i < _names.size(); ++i)
-            std::string().swap(_names[i].qualifiedName);
-    }
+    releaseLarge(_slots, KEPT_SLOTS);
+    for (unsigned int i = 0; i < _names.size(); ++i)
+        releaseLarge(_names[i].qualifiedName, OCTETS_PER_NAME);
     _names.truncate(0);
     _qualifiedOctets = 0;
 }

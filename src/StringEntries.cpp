@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "StringEntries.h"
-
+#include "ReleaseLarge.h"
 #include <typeinfo>
 
 namespace Vesk::FastInfoset
 {
+
+namespace
+{
+
+constexpr std::size_t KEPT_ENTRIES = 16 * 1024;
+
+} // namespace
 
 void StringEntries::begin(Vocabulary<std::string>& table)
 {
     using Vector = VectorVocabulary<std::string>;
     _table = &table;
     _vector = typeid(table) == typeid(Vector) ? static_cast<Vector*>(&table) : nullptr;
+    releaseLarge(_entries, KEPT_ENTRIES);
     _entries.clear();
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "StringParser.h"
+#include "ReleaseLarge.h"
 #include "Vesk/FastInfoset/Decoder.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/StringDecoder.h"
@@ -13,6 +14,8 @@ namespace
 
 using Form = StructureObserver::Form;
 using Table = StructureObserver::Table;
+
+constexpr std::size_t KEPT_OCTETS = 64 * 1024; // of a buffer, from one document to the next
 
 constexpr DocumentVocabulary::ID CHUNKS = DocumentVocabulary::CONTENT_CHARACTER_CHUNK;
 
@@ -38,6 +41,8 @@ void StringParser<Observation>::begin(BitStreamReader& reader, DocumentVocabular
         const auto table = static_cast<DocumentVocabulary::ID>(id);
         entries(table).begin(vocabulary.vocabulary(table));
     }
+    for (std::string* const buffer : {&_literal, &_octets, &_chunk})
+        releaseLarge(*buffer, KEPT_OCTETS);
     _elementNames.begin(vocabulary.elementNames(), areNamesQualified);
     _attributeNames.begin(vocabulary.attributeNames(), false);
 }

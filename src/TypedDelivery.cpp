@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "TypedDelivery.h"
+#include "ArrayDelivery.h"
 #include "Vesk/FastInfoset/DWordEncoding.h"
 #include "Vesk/FastInfoset/DoubleEncoding.h"
 #include "Vesk/FastInfoset/FISArrayHandler.h"
@@ -81,8 +82,7 @@ void TypedDelivery::deliver(const Encoding& value)
 template <class NumbersEncoding>
 void TypedDelivery::deliverArray(const Encoding& value)
 {
-    const auto& values = static_cast<const NumbersEncoding&>(value).values();
-    _arrayHandler->encodedArray(values.data(), values.size());
+    ArrayDelivery::deliver(static_cast<const NumbersEncoding&>(value).values(), *_arrayHandler);
 }
 
 } // namespace Vesk::FastInfoset

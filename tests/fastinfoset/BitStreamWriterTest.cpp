@@ -329,6 +329,21 @@ TEST(BitStreamWriterTest, BufferThatThrowsIsAFailedStream)
     EXPECT_TRUE(other.bad());
 }
 
+// As the cancellation of a thread does.
+TEST(BitStreamWriterTest, WhatIsNoExceptionPassesAndFailsTheStream)
+{
+    struct Buffer : std::streambuf
+    {
+        std::streamsize xsputn(const char*, std::streamsize) override { throw 1; }
+    };
+    Buffer buffer;
+    std::ostream stream(&buffer);
+    BitStreamWriter writer(stream, false);
+    EXPECT_THROW(writer.write('x', 8), int);
+    EXPECT_TRUE(stream.bad());
+    EXPECT_VESK_THROW(writer.write('x', 8), IOException, STREAM_FAILED);
+}
+
 TEST(BitStreamWriterTest, StreamThatItIsTiedToIsFlushedFirst)
 {
     RecordingOutputStream first;

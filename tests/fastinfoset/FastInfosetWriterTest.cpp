@@ -445,4 +445,16 @@ TEST(FastInfosetWriterTest, StreamThatFailsAfterAnyNumberOfOctets)
     }
 }
 
+TEST(FastInfosetWriterTest, NoEncodingIsRefusedAtOnce)
+{
+    std::ostringstream stream;
+    FastInfosetWriter writer(stream);
+    writer.startDocument();
+    writer.startElement("", "e", "");
+    EXPECT_THROW(writer.encodedData(AutoPtr<Encoding>()), NullPointerException);
+    writer.encodedData(7);
+    writer.endElement("", "e", "");
+    writer.endDocument();
+}
+
 } // namespace Vesk::FastInfoset

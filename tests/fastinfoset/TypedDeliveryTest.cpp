@@ -40,6 +40,7 @@ private:
     void log(const Value* values, std::size_t count)
     {
         EXPECT_GT(count, 0u);
+        EXPECT_LE(count * sizeof(Value), 8192u);
         for (std::size_t i = 0; i < count; ++i)
             TypedEventLog::encodedData(values[i]);
     }

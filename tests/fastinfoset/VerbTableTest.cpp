@@ -86,6 +86,14 @@ TEST(VerbTableTest, CheckedAccessEndsAtTheSize)
     }
 }
 
+TEST(VerbTableTest, WhatWasFilledAndNotAddedIsNotKept)
+{
+    VerbTable<std::string> table = tableOf(3);
+    table.spare().assign(1000, 'x');
+    table.truncate(3);
+    EXPECT_LE(table.spare().capacity(), 256u);
+}
+
 TEST(VerbTableTest, TruncatesAtEveryPlaceAndGrowsAgain)
 {
     for (unsigned int entries : {1u, 8u, 9u, 24u, 25u, 1016u, 1017u, 3000u})

@@ -134,31 +134,39 @@ TEST(AttributesImplTest, SetsAndRemovesAttributes)
 
 TEST(AttributesImplTest, ForEachVisitsSetsOfOtherClassesThroughTheirGetters)
 {
+    // Makes a name when it is asked for it.
     class Renamed : public AttributesImpl
     {
     public:
-        const XMLString& getLocalName(int) const override { return _name; }
+        const XMLString& getLocalName(int index) const override
+        {
+            _name = "other" + std::to_string(index);
+            return _name;
+        }
 
     private:
-        const XMLString _name = "other";
+        mutable XMLString _name;
     };
     const auto visited = [](const Attributes& attributes)
     {
+        AttributesImpl copies;
+        std::vector<AttributesImpl::Attribute> all;
+        AttributesImpl::forEach(attributes, copies,
+                                [&](const AttributesImpl::Attribute& attribute) { all.push_back(attribute); });
         std::string text;
-        AttributesImpl::forEach(attributes,
-                                [&](const AttributesImpl::Attribute& attribute)
-                                {
-                                    text += *attribute.uri + '|' + *attribute.localName + '|' + *attribute.qname + '|' +
-                                            *attribute.type + '|' + *attribute.value + ' ';
-                                });
+        for (const AttributesImpl::Attribute& attribute : all)
+        {
+            text += *attribute.uri + '|' + *attribute.localName + '|' + *attribute.qname + '|' + *attribute.type + '|' +
+                    *attribute.value + ' ';
+        }
         return text;
     };
     Renamed renamed;
     renamed.addAttribute("u", "a", "p:a", "CDATA", "1");
     renamed.addAttribute("", "b", "b", "ID", "2");
-    EXPECT_EQ(visited(renamed), "u|other|p:a|CDATA|1 |other|b|ID|2 ");
+    EXPECT_EQ(visited(renamed), "u|other0|p:a|CDATA|1 |other1|b|ID|2 ");
     EXPECT_EQ(visited(AttributesImpl(static_cast<const AttributesImpl&>(renamed))),
-              "u|other|p:a|CDATA|1 |other|b|ID|2 ");
+              "u|other0|p:a|CDATA|1 |other1|b|ID|2 ");
     AttributesImpl plain;
     plain.addAttribute("u", "a", "p:a", "CDATA", "1");
     EXPECT_EQ(visited(plain), "u|a|p:a|CDATA|1 ");

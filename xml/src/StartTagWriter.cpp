@@ -143,7 +143,7 @@ void StartTagWriter::enterElement(const XMLString& uri, const XMLString& localNa
 void StartTagWriter::collectAttributes(const Attributes& attributes)
 {
     _attributes.clear();
-    AttributesImpl::forEach(attributes,
+    AttributesImpl::forEach(attributes, _copies,
                             [this](const AttributesImpl::Attribute& attribute)
                             {
                                 if (isDeclaration(*attribute.uri, *attribute.localName, *attribute.qname, _prefix))

@@ -72,6 +72,7 @@ private:
     XMLString _prefix; // the parts of the name at hand, its prefix as the qualified name has it
     XMLString _localName;
     XMLString _inventedPrefix;
+    AttributesImpl _copies;                             // of a set of another class
     std::vector<AttributesImpl::Attribute> _attributes; // without namespace declarations
     std::vector<Key> _keys;
     std::array<XMLString, 256> _knownNames; // names that are valid

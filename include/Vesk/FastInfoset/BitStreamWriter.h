@@ -84,6 +84,8 @@ private:
     void checkWidth(int numOfBits, int maximum, const char* condition, int line) const;
     [[noreturn]] void throwFailed() const;
     bool isPlainStream() const;
+    template <class Operation>
+    void operateBuffer(Operation operation);
     void giveToStream(const char* octets, std::streamsize octetCount);
     void flushStream();
 

@@ -125,8 +125,10 @@ public:
     void encodedData(double value) override;
     void encodedData(const UUID& value) override;
     /// Values of any kind: HexEncoding, which no other operation gives, or many of a kind at once. The object is shared
-    /// and takes in values of its kind that come next; leave it alone afterwards.
+    /// and takes in values of its kind that come next; leave it alone afterwards. Throws NullPointerException for null.
     void encodedData(const AutoPtr<Encoding>& values);
+    /// A pointer would be taken for a bool.
+    void encodedData(const void*) = delete;
     /// @}
 
     /// \name LexicalHandler

@@ -153,6 +153,8 @@ void VerbTable<T>::seekSpare()
 template <class T>
 void VerbTable<T>::truncate(unsigned int newSize)
 {
+    if (_spare != _chunkEnd)
+        releaseLarge(*_spare); // filled, but never added
     if (newSize >= _size)
         return;
     releaseChunks(std::max(chunkOf(newSize) + 1, KEPT_CHUNKS));

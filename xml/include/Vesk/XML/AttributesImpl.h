@@ -88,10 +88,10 @@ public:
         const XMLString* value;
     };
 
-    /// Calls visit with every Attribute of a set, of whatever class it is: without a call for each string if it is of
-    /// this one.
+    /// Calls visit with every Attribute of a set. One of another class is copied into copies first, because it may make
+    /// each string only when it is asked for it. The strings are good until the set or copies change.
     template <class Visit>
-    static void forEach(const Attributes& attributes, Visit visit);
+    static void forEach(const Attributes& attributes, AttributesImpl& copies, Visit visit);
 
 private:
     const Attribute& at(int index) const
@@ -111,21 +111,15 @@ private:
 };
 
 template <class Visit>
-void AttributesImpl::forEach(const Attributes& attributes, Visit visit)
+void AttributesImpl::forEach(const Attributes& attributes, AttributesImpl& copies, Visit visit)
 {
     // A class that derives from this one may have getters of its own.
-    if (typeid(attributes) == typeid(AttributesImpl))
-    {
-        for (const Attribute& attribute : static_cast<const AttributesImpl&>(attributes)._attributes)
-            visit(attribute);
-        return;
-    }
-    const int length = attributes.getLength();
-    for (int i = 0; i < length; ++i)
-    {
-        visit(Attribute{&attributes.getURI(i), &attributes.getLocalName(i), &attributes.getQName(i),
-                        &attributes.getType(i), &attributes.getValue(i)});
-    }
+    const bool isOfThisClass = typeid(attributes) == typeid(AttributesImpl);
+    if (!isOfThisClass)
+        copies.setAttributes(attributes);
+    for (const Attribute& attribute :
+         (isOfThisClass ? static_cast<const AttributesImpl&>(attributes) : copies)._attributes)
+        visit(attribute);
 }
 } // namespace Vesk::XML
 
