@@ -2,7 +2,7 @@
 #include "CheckCommand.h"
 #include "DocumentReader.h"
 #include "InputFile.h"
-#include "Messages.h"
+#include "Quoted.h"
 #include "Vesk/NullOutputStream.h"
 #include "Vesk/XML/XMLWriter.h"
 
@@ -30,7 +30,7 @@ ExitStatus CheckCommand::examine(InputFile& input, std::string& text)
     }
     catch (const DocumentFailure& failure)
     {
-        text = Messages::asLine(failure.what()) + "\n";
+        text = shown(failure.what(), ALL_CHARACTERS) + "\n";
         return failure.status();
     }
 }

@@ -3,6 +3,7 @@
 #include "DocumentKind.h"
 #include "Failure.h"
 #include "InputFile.h"
+#include "Quoted.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/MemoryInputStream.h"
 #include "Vesk/XML/InputSource.h"
@@ -63,7 +64,7 @@ ExitStatus CompareCommand::examine(InputFile& input, std::string& text)
     {
         throw Failure::of(input.name(), exception);
     }
-    text = comparison.text(input.name());
+    text = comparison.text(shown(input.name(), ALL_CHARACTERS));
     _total += comparison;
     ++_documentCount;
     return ExitStatus::SUCCESS;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Messages.h"
 #include "CommandOptions.h"
+#include "Quoted.h"
 #include <iostream>
 
 namespace Vesk::Tool
@@ -10,12 +11,6 @@ namespace
 {
 
 const char TO_START_OF_LINE_AND_CLEAR[] = "\r\033[K";
-
-bool isControl(char c)
-{
-    constexpr char DELETE = 0x7F;
-    return (c >= 0 && c < ' ') || c == DELETE;
-}
 
 } // namespace
 
@@ -50,16 +45,6 @@ void Messages::showProgress(const std::string& line)
     _hasProgress = !line.empty();
 }
 
-std::string Messages::asLine(std::string text)
-{
-    for (char& c : text)
-    {
-        if (isControl(c))
-            c = ' ';
-    }
-    return text;
-}
-
 void Messages::write(const std::string& text)
 {
     const std::lock_guard<std::mutex> lock(_mutex);
@@ -67,7 +52,7 @@ void Messages::write(const std::string& text)
         std::cerr << TO_START_OF_LINE_AND_CLEAR;
     _hasProgress = false;
     // In one piece, so that lines of several processes do not mix.
-    std::cerr << "veskfi: " + asLine(text) + "\n" << std::flush;
+    std::cerr << "veskfi: " + shown(text, ALL_CHARACTERS) + "\n" << std::flush;
 }
 
 } // namespace Vesk::Tool

@@ -31,9 +31,6 @@ public:
     /// To be called only if standard error is a terminal.
     void showProgress(const std::string& line);
 
-    /// The text without line feeds and other control characters, which names and documents may hold.
-    static std::string asLine(std::string text);
-
 private:
     void write(const std::string& text);
 

@@ -83,7 +83,7 @@ std::string shown(const std::string& text, std::size_t maxCharacters, bool isQuo
                          }
                          else
                          {
-                             if (codePoint == '\\' || (isQuoted && codePoint == '"'))
+                             if (isQuoted && (codePoint == '\\' || codePoint == '"'))
                                  result += '\\';
                              result += octets;
                          }
@@ -112,7 +112,7 @@ void writeJSON(std::ostream& output, const std::string& text)
                      {
                          if (codePoint < 0)
                              block += REPLACEMENT_CHARACTER;
-                         else if (codePoint < 0x20 || codePoint == 0x7F)
+                         else if (isControl(codePoint))
                              block += "\\u" + hexadecimal(static_cast<unsigned int>(codePoint), 4);
                          else if (codePoint == '"' || codePoint == '\\')
                              (block += '\\') += octets;

@@ -255,6 +255,30 @@ for line in open("out", encoding="utf-8", newline="\n"): json.loads(line)' || fa
     [ "$(wc -l <out)" -eq 1 ] && ! grep -q $'\e' out || fail "check says: $(cat out)"
 }
 
+# Controls of two octets and marks of the direction of writing, in names that messages tell.
+test_NamesInMessagesAreHarmless()
+{
+    # A vocabulary that is not there, and an element whose name is none.
+    octets vocabulary.finf e0 00 00 01 20 10 00 05 "'a'" c2 9b "'31m'" 3c 00 "'a'" ff
+    octets name.finf e0 00 00 01 00 3c 04 c2 9b e2 80 ae ff
+    local file arguments
+    for file in vocabulary name; do
+        for arguments in check decode inspect "inspect --json" stats compare; do
+            # shellcheck disable=SC2086
+            "$veskfi" $arguments $file.finf >out 2>err
+            cat out err >said
+            ! LC_ALL=C grep -q -a -e $'\xc2[\x80-\x9f]' -e $'\xe2\x80\xae' said ||
+                fail "$arguments $file lets them through: $(cat said)"
+        done
+    done
+    run 4 check vocabulary.finf
+    grep -q -F -- '--vocab a\u{9b}31m=FILE' out || fail "check says: $(cat out)"
+    run 1 check name.finf
+    [ "$(cat out)" = 'name.finf: octet 5: /\u{9b}\u{202e}: Invalid name: \u{9b}\u{202e}' ] || fail "check says: $(cat out)"
+    run 0 inspect --json name.finf
+    grep -q -F '"\u009b\u202e"' out || fail "inspect shows: $(cat out)"
+}
+
 test_StatisticsAddUp()
 {
     local file

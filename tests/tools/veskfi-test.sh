@@ -316,7 +316,7 @@ test_MessagesAboutStrangeNamesAreOneLine()
 {
     printf '<a>' >$'line\nfeed\e[31m.xml'
     run 1 encode $'line\nfeed\e[31m.xml'
-    expectErrorLike 'line feed \[31m.xml: line 1, column 4: no element found'
+    expectError 'line\nfeed\u{1b}[31m.xml: line 1, column 4: no element found'
 }
 
 test_FileAloneIsConvertedTheOtherWay()
