@@ -3,6 +3,7 @@
 #include "CommandOptions.h"
 #include "Failure.h"
 #include "InputFile.h"
+#include "LossWarnings.h"
 #include "Vesk/FastInfoset/FastInfosetParser.h"
 #include "Vesk/FastInfoset/StructureObserver.h"
 #include "Vesk/XML/InputSource.h"
@@ -23,26 +24,30 @@ public:
     Losses(const std::string& file, const FastInfoset::FastInfosetParser& parser, Messages& messages)
         : _file(file),
           _parser(parser),
-          _messages(messages)
+          _messages(messages),
+          _warnings(file, messages)
     {
     }
 
     void startStructure(Structure structure) override
     {
         if (structure == Structure::ENTITY_REFERENCE)
-            _messages.warning(place() + "a reference to an entity, which was not expanded, is left out");
+            _warnings.lost(place() + "a reference to an entity, which was not expanded, is left out");
         else if (structure == Structure::ADDITIONAL_DATA)
-            _messages.note(place() + "additional data is left out");
+            _messages.note(_file + ": " + place() + "additional data is left out");
     }
     void endStructure(Structure) override {}
     void part(const Part&) override {}
 
+    void sumUp() { _warnings.sumUp(); }
+
 private:
-    std::string place() const { return _file + ": octet " + std::to_string(_parser.octetOffset()) + ": "; }
+    std::string place() const { return "octet " + std::to_string(_parser.octetOffset()) + ": "; }
 
     const std::string& _file;
     const FastInfoset::FastInfosetParser& _parser;
     Messages& _messages;
+    LossWarnings _warnings;
 };
 
 } // namespace
@@ -85,6 +90,7 @@ void DecodeCommand::convert(InputFile& input, std::ostream& output)
     {
         throw Failure::of(input.name(), parser.octetOffset(), exception);
     }
+    losses.sumUp();
     // As far as they can be seen without waiting for them.
     if (input.knownOctetCount() > parser.octetOffset())
         messages().warning(input.name() + ": octet " + std::to_string(parser.octetOffset()) +

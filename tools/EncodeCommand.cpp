@@ -4,6 +4,7 @@
 #include "Failure.h"
 #include "InputFile.h"
 #include "LossFilter.h"
+#include "LossWarnings.h"
 #include "Vesk/FastInfoset/Converter.h"
 #include "Vesk/XML/InputSource.h"
 #include "Vesk/XML/SAXParser.h"
@@ -16,9 +17,6 @@ using FastInfoset::Converter;
 namespace
 {
 
-// A document that is all losses is not worth a message for each.
-constexpr int MAX_WARNINGS = 20;
-
 /// Says what a document loses, or ends the conversion.
 class Losses : public LossListener
 {
@@ -26,7 +24,8 @@ public:
     Losses(const std::string& file, bool isLossy, Messages& messages)
         : _file(file),
           _isLossy(isLossy),
-          _messages(messages)
+          _messages(messages),
+          _warnings(file, messages)
     {
     }
 
@@ -35,23 +34,18 @@ public:
         if (!_isLossy)
             throw Failure(ExitStatus::MALFORMED,
                           _file + ": " + what + " and would be lost (--lossy converts without it)");
-        if (++_count <= MAX_WARNINGS)
-            _messages.warning(_file + ": " + what + " and is lost");
+        _warnings.lost(what + " and is lost");
     }
 
     void noted(const std::string& what) override { _messages.note(_file + ": " + what); }
 
-    void sumUp()
-    {
-        if (_count > MAX_WARNINGS)
-            _messages.warning(_file + ": " + std::to_string(_count - MAX_WARNINGS) + " more are lost");
-    }
+    void sumUp() { _warnings.sumUp(); }
 
 private:
     const std::string& _file;
     const bool _isLossy;
     Messages& _messages;
-    int _count = 0;
+    LossWarnings _warnings;
 };
 
 } // namespace

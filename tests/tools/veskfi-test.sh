@@ -586,6 +586,19 @@ test_WhatFastInfosetSaysAndXMLCannotIsToldOf()
     expectErrorLike "b.finf: octet ?*"
 }
 
+test_ManyLossesAreOnlyCounted()
+{
+    local number
+    (echo '<!DOCTYPE a SYSTEM "x"><a>' && for number in {1..50}; do echo "&e$number;"; done && echo '</a>') >a.xml
+    run 0 encode --lossy a.xml
+    [ "$(wc -l <err)" -eq 21 ] && [ "$(tail -1 err)" = "veskfi: warning: a.xml: 30 more are lost" ] ||
+        fail "encode says: $(cat err)"
+    (printf '\xe0\x00\x00\x01\x00\x3c\x00a' && for number in {1..50}; do printf '\xc8\x00e'; done && printf '\xff') >b.finf
+    run 0 decode b.finf
+    [ "$(wc -l <err)" -eq 21 ] && [ "$(tail -1 err)" = "veskfi: warning: b.finf: 30 more are lost" ] ||
+        fail "decode says: $(cat err)"
+}
+
 test_UnreadableFilesAreReported()
 {
     local user=()
