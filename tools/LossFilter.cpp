@@ -62,9 +62,20 @@ void LossFilter::startElement(const XML::XMLString& uri, const XML::XMLString& l
     XMLFilterImpl::startElement(uri, localName, qname, attributes);
 }
 
+// Of the external subset, startDTD has told.
 void LossFilter::skippedEntity(const XML::XMLString& name)
 {
-    _listener.lost(place() + "the reference \"&" + name + ";\" cannot be expanded");
+    if (name[0] == '%')
+    {
+        _hasSkippedDeclarations = true;
+        _listener.noted(place() + "the parameter entity \"" + name +
+                        ";\" is not read; default attribute values that it declares are not added, nor, unless the "
+                        "document is standalone, those that the internal subset declares behind it");
+    }
+    else if (name != "[dtd]")
+    {
+        _listener.lost(place() + "the reference \"&" + name + ";\" cannot be expanded");
+    }
     XMLFilterImpl::skippedEntity(name);
 }
 
@@ -90,8 +101,11 @@ void LossFilter::endDTD()
 {
     if (_hasDeclarations)
         _listener.noted(_documentTypePlace +
-                        "the internal subset is left out; its effects on the content, notations, unparsed entities and "
-                        "processing instructions stay");
+                        (_hasSkippedDeclarations
+                             ? "the internal subset is left out; the effects of what was read on the content, "
+                               "notations, unparsed entities and processing instructions stay"
+                             : "the internal subset is left out; its effects on the content, notations, unparsed "
+                               "entities and processing instructions stay"));
     if (_lexicalHandler)
         _lexicalHandler->endDTD();
 }

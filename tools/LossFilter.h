@@ -16,7 +16,7 @@ class LossListener
 public:
     /// Part of the document's content: "line 3, column 5: ...".
     virtual void lost(const std::string& what) = 0;
-    /// Declarations, whose effects on the content stay.
+    /// Declarations: those left out, whose effects on the content stay, and those that were never read.
     virtual void noted(const std::string& what) = 0;
 
 protected:
@@ -69,6 +69,7 @@ private:
     XML::XMLString _documentTypeName; // until the root element
     std::string _documentTypePlace;
     bool _hasDeclarations = false;
+    bool _hasSkippedDeclarations = false;
 };
 
 } // namespace Vesk::Tool

@@ -18,8 +18,8 @@
 ///
 /// What may differ without changing the document is evened out: adjacent character data is joined, attributes and the
 /// prefix mappings of an element are sorted, empty CDATA sections are left out, and notations and unparsed entities
-/// stand in front. Qualified names, xmlns attributes and the name of the document type are recorded on demand only: the
-/// binary format does not keep them.
+/// stand in front. Qualified names, xmlns attributes, the name of the document type and declarations that are not read are
+/// recorded on demand only: the binary format does not keep them.
 class EventRecorder : public Vesk::XML::ContentHandler, public Vesk::XML::LexicalHandler, public Vesk::XML::DTDHandler
 {
 public:
@@ -106,7 +106,12 @@ public:
         _mappings.push_back("unmap " + prefix);
     }
 
-    void skippedEntity(const std::string& name) override { record("skipped &" + name); }
+    void skippedEntity(const std::string& name) override
+    {
+        const bool hasDeclarations = name[0] == '%' || name == "[dtd]";
+        if (_withQNames || !hasDeclarations)
+            record("skipped &" + name);
+    }
 
     void startDTD(const std::string& name, const std::string& publicId, const std::string& systemId) override
     {

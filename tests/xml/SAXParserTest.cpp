@@ -101,6 +101,7 @@ TEST(SAXParserTest, ReportsTheDocumentType)
               "start document\n"
               "start DTD a [p] [s]\n"
               "?pi x\n"
+              "skipped &[dtd]\n"
               "end DTD\n"
               "#shown\n"
               "<a a\n"
@@ -448,7 +449,7 @@ TEST(SAXParserTest, ExceptionsOfHandlersReachTheCallerFromEveryCallback)
     const std::string xml = "<!DOCTYPE a SYSTEM 's' [<!ELEMENT a ANY><!ATTLIST a b CDATA ''><!NOTATION n SYSTEM 'n'>"
                             "<!ENTITY u SYSTEM 'u' NDATA n><!ENTITY x SYSTEM 'x'><!ENTITY i 'i'><?pi?>]>"
                             "<a xmlns:p='u'>&x;&unknown;<![CDATA[c]]>text<b/><!--c--><?pi?></a>";
-    constexpr int CALLBACKS = 25;
+    constexpr int CALLBACKS = 26;
     SAXParser parser;
     int calls = 1;
     for (;; ++calls)
@@ -570,14 +571,69 @@ TEST(SAXParserTest, AnExternalSubsetNeedsItsOwnFeature)
     resolver.documents["a.dtd"] = "<!ENTITY e 'text'><!ATTLIST a b CDATA 'default'>";
     parser.setEntityResolver(&resolver);
     parser.setFeature(XMLReader::FEATURE_EXTERNAL_GENERAL_ENTITIES, true);
-    EXPECT_EQ(events(parser, xml), "start document\nstart DTD a [] [a.dtd]\nend DTD\n<a a\nskipped &e\n>a a\n"
-                                   "end document\n");
+    EXPECT_EQ(events(parser, xml), "start document\nstart DTD a [] [a.dtd]\nskipped &[dtd]\nend DTD\n<a a\n"
+                                   "skipped &e\n>a a\nend document\n");
     EXPECT_EQ(resolver.asked, "");
     parser.setFeature(XMLReader::FEATURE_EXTERNAL_PARAMETER_ENTITIES, true);
     EXPECT_EQ(events(parser, xml), "start document\nstart DTD a [] [a.dtd]\nend DTD\n<a a\n @b b=default\n\"text\n"
                                    ">a a\nend document\n");
     EXPECT_EQ(resolver.asked, "a.dtd\n");
     EXPECT_EQ(resolver.lent, 0);
+}
+
+TEST(SAXParserTest, InternalParameterEntitiesAreAlwaysExpanded)
+{
+    static const struct
+    {
+        const char* declarations;
+        const char* events; // of the root element and its content
+    } CASES[] = {
+        {"<!ENTITY % x \"<!ATTLIST a k CDATA 'v'>\">%x;", "<a a\n @b b=1\n @k k=v\n>a a\n"},
+        {"<!ENTITY % x '&#37;y;'><!ENTITY % y \"<!ATTLIST a k CDATA 'v'>\">%x;", "<a a\n @b b=1\n @k k=v\n>a a\n"},
+        {"<!ENTITY % x ''>%x;<!ATTLIST a k CDATA 'v'>", "<a a\n @b b=1\n @k k=v\n>a a\n"},
+    };
+    for (const char* const declaration : {"", "<?xml version='1.0' standalone='yes'?>"})
+    {
+        for (const auto& row : CASES)
+        {
+            EXPECT_EQ(events(std::string(declaration) + "<!DOCTYPE a [" + row.declarations + "]><a b='1'/>"),
+                      std::string("start document\nstart DTD a [] []\nend DTD\n") + row.events + "end document\n")
+                << declaration << row.declarations;
+        }
+    }
+    EXPECT_EQ(events("<!DOCTYPE a [<!ENTITY % x \"<!ENTITY y 'Y'>\">%x;]><a b='&y;'>&y;</a>"),
+              "start document\nstart DTD a [] []\nend DTD\n<a a\n @b b=Y\n\"Y\n>a a\nend document\n");
+}
+
+TEST(SAXParserTest, ReportsParameterEntitiesThatItDoesNotRead)
+{
+    const std::string notRead = "<!DOCTYPE a [<!ENTITY % x SYSTEM 'x.ent'>%x;<!ATTLIST a behind CDATA 'v'>]><a/>";
+    const std::string skipped = "start document\nstart DTD a [] []\nskipped &%x\nend DTD\n<a a\n>a a\nend document\n";
+    const std::string read = "start document\nstart DTD a [] []\nend DTD\n<a a\n @behind behind=v\n @in in=x\n>a a\n"
+                             "end document\n";
+    SAXParser parser;
+    MemoryResolver resolver;
+    resolver.documents["x.ent"] = "<!ATTLIST a in CDATA 'x'>";
+    EXPECT_EQ(events(parser, notRead), skipped);
+    parser.setFeature(XMLReader::FEATURE_EXTERNAL_PARAMETER_ENTITIES, true);
+    EXPECT_EQ(events(parser, notRead), skipped) << "without a resolver";
+    parser.setEntityResolver(&resolver);
+    EXPECT_EQ(events(parser, notRead), read);
+    EXPECT_EQ(resolver.asked, "x.ent\n");
+
+    EXPECT_EQ(events(parser, "<?xml version='1.0' standalone='yes'?>" + notRead),
+              "start document\nstart DTD a [] []\nskipped &%x\nend DTD\n<a a\n @behind behind=v\n>a a\n"
+              "end document\n");
+    EXPECT_EQ(events(parser, notRead), read) << "after a standalone document";
+    parser.setFeature(XMLReader::FEATURE_EXTERNAL_PARAMETER_ENTITIES, false);
+    resolver.asked.clear();
+    EXPECT_EQ(events(parser, notRead), skipped);
+    EXPECT_EQ(resolver.asked, "");
+
+    EXPECT_EQ(events("<!DOCTYPE a [<!ENTITY % x SYSTEM 'x'><!ENTITY % y \"<!ENTITY e '1&#37;x;2'>\">%y;]><a/>"),
+              skipped)
+        << "in the value of an entity";
+    EXPECT_EQ(events("<!DOCTYPE a [%x;]><a/>"), skipped) << "not declared";
 }
 
 TEST(SAXParserTest, WarnsOfReferencesInAttributesThatReadAsNothing)
@@ -652,6 +708,19 @@ TEST(SAXParserTest, HostileEntitiesEndInAnException)
         laughs += "<!ENTITY e" + std::to_string(i) + " '" + repeated("&e" + std::to_string(i - 1) + ";", 10) + "'>";
     laughs += "]><a>&e19;</a>";
     EXPECT_THROW(events(laughs), SAXParseException);
+
+    // Between declarations, parameter entities unfold in the internal subset as well.
+    chain = "<!DOCTYPE a [<!ENTITY % e0 '<?p?>'>";
+    for (int i = 1; i < LEVELS; ++i)
+        chain += "<!ENTITY % e" + std::to_string(i) + " '&#37;e" + std::to_string(i - 1) + ";'>";
+    EXPECT_THROW(events(chain + "%e" + std::to_string(LEVELS - 1) + ";]><a/>"), SAXParseException);
+
+    laughs = "<!DOCTYPE a [<!ENTITY % e0 '" + std::string(100, ' ') + "'>";
+    for (int i = 1; i < 20; ++i)
+        laughs +=
+            "<!ENTITY % e" + std::to_string(i) + " '" + repeated("&#37;e" + std::to_string(i - 1) + ";", 10) + "'>";
+    EXPECT_NO_THROW(events(laughs + "%e3;]><a/>"));
+    EXPECT_THROW(events(laughs + "%e19;]><a/>"), SAXParseException);
 
     SAXParser parser;
     MemoryResolver resolver;

@@ -150,6 +150,7 @@ void ExpatParser::prepare(const XML_Char* encoding)
     _textOctets = 0;
     _inDoctype = false;
     _hasDoctype = false;
+    _isStandalone = false;
     _entities.clear();
     _externalDepth = 0;
     _nestingEntities = 0;
@@ -159,6 +160,7 @@ void ExpatParser::setCallbacks()
 {
     XML_Parser const parser = _parser.get();
     XML_SetUserData(parser, this);
+    XML_SetXmlDeclHandler(parser, onXMLDeclaration);
     XML_SetReturnNSTriplet(parser, 1);
     XML_SetElementHandler(parser, onStartElement, onEndElement);
     XML_SetCharacterDataHandler(parser, onCharacters);
@@ -180,8 +182,8 @@ void ExpatParser::setCallbacks()
         XML_SetAttlistDeclHandler(parser, onAttributeDecl);
         XML_SetElementDeclHandler(parser, onElementDecl);
     }
-    if (_settings.externalParameterEntities && _settings.entityResolver)
-        XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_UNLESS_STANDALONE);
+    // Internal ones take part in every document; of external ones, onExternalEntity says whether they are read.
+    XML_SetParamEntityParsing(parser, XML_PARAM_ENTITY_PARSING_ALWAYS);
 }
 
 void ExpatParser::readStream(std::istream& stream)
@@ -425,9 +427,8 @@ int XMLCALL ExpatParser::onExternalEntity(XML_Parser expat, const XML_Char* cont
     guarded(self,
             [=](ExpatParser& parser)
             {
-                const bool isParameterEntity = context == nullptr;
-                if (!parser.readExternalEntity(context, systemId, publicId) && !isParameterEntity)
-                    parser.skipReference(expat);
+                if (!parser.readExternalEntity(context, systemId, publicId))
+                    parser.skipExternalEntity(expat, context == nullptr);
             });
     return self->_failure ? XML_STATUS_ERROR : XML_STATUS_OK;
 }
@@ -441,13 +442,23 @@ void ExpatParser::collectMarkup(XML_Parser expat)
     _isCollectingMarkup = false;
 }
 
-// The callback for an external entity does not name it, but its text, "&name;", does.
-void ExpatParser::skipReference(XML_Parser expat)
+// The callback for an external entity does not name it, but the text that is being handled does: "&name;", "%name;" or
+// an entity's value that has the latter in it. What ends the document type declaration asks for the external subset.
+void ExpatParser::skipExternalEntity(XML_Parser expat, bool isParameterEntity)
 {
     collectMarkup(expat);
     flushText();
-    if (_settings.contentHandler && _markup.size() > 2)
-        _settings.contentHandler->skippedEntity(_markup.substr(1, _markup.size() - 2));
+    if (!_settings.contentHandler)
+        return;
+    const std::size_t begin = _markup.find(isParameterEntity ? '%' : '&');
+    if (begin == XMLString::npos)
+    {
+        _settings.contentHandler->skippedEntity("[dtd]");
+        return;
+    }
+    const std::size_t end = _markup.find(';', begin);
+    const std::size_t nameBegin = isParameterEntity ? begin : begin + 1;
+    _settings.contentHandler->skippedEntity(_markup.substr(nameBegin, end - nameBegin));
 }
 
 // Expat drops references in attribute values that it cannot expand, because not all declarations are read, and reports
@@ -474,7 +485,8 @@ void XMLCALL ExpatParser::onDefault(void* self, const XML_Char* text, int length
 
 bool ExpatParser::readExternalEntity(const XML_Char* context, const XML_Char* systemId, const XML_Char* publicId)
 {
-    const bool isEnabled = context ? _settings.externalGeneralEntities : _settings.externalParameterEntities;
+    const bool isEnabled =
+        context ? _settings.externalGeneralEntities : _settings.externalParameterEntities && !_isStandalone;
     if (!isEnabled || !_settings.entityResolver || !systemId)
         return false;
 
@@ -501,6 +513,12 @@ void ExpatParser::parseExternalEntity(const XML_Char* context, const InputSource
     ++_externalDepth;
     readStream(stream.stream());
     --_externalDepth;
+}
+
+void XMLCALL ExpatParser::onXMLDeclaration(void* self, const XML_Char*, const XML_Char*, int standalone)
+{
+    if (standalone == 1) // external entities have declarations of this kind, too, and say nothing there
+        static_cast<ExpatParser*>(self)->_isStandalone = true;
 }
 
 void XMLCALL ExpatParser::onStartDoctype(void* self, const XML_Char* name, const XML_Char* systemId,

@@ -113,6 +113,7 @@ private:
     static int XMLCALL onExternalEntity(XML_Parser parser, const XML_Char* context, const XML_Char* base,
                                         const XML_Char* systemId, const XML_Char* publicId);
     static void XMLCALL onDefault(void* self, const XML_Char* text, int length);
+    static void XMLCALL onXMLDeclaration(void* self, const XML_Char* version, const XML_Char* encoding, int standalone);
     static void XMLCALL onStartDoctype(void* self, const XML_Char* name, const XML_Char* systemId,
                                        const XML_Char* publicId, int hasInternalSubset);
     static void XMLCALL onEndDoctype(void* self);
@@ -142,7 +143,7 @@ private:
     void startNamespace(const XML_Char* prefix, const XML_Char* uri);
     void countEntity(const XMLString& text, bool isParameterEntity);
     void collectMarkup(XML_Parser expat);
-    void skipReference(XML_Parser expat);
+    void skipExternalEntity(XML_Parser expat, bool isParameterEntity);
     void warnOfSkippedReference();
     bool readExternalEntity(const XML_Char* context, const XML_Char* systemId, const XML_Char* publicId);
     void parseExternalEntity(const XML_Char* context, const InputSource& source);
@@ -160,6 +161,7 @@ private:
     std::size_t _textOctets = 0;
     bool _inDoctype = false;
     bool _hasDoctype = false;
+    bool _isStandalone = false; // external parameter entities cannot matter, so they are not read
     DeclaredEntities _entities;
     XMLString _markup; // the text of the reference or tag that is being handled, on demand
     bool _isCollectingMarkup = false;

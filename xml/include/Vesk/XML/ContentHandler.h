@@ -47,7 +47,8 @@ public:
     virtual void startPrefixMapping(const XMLString& prefix, const XMLString& uri) = 0;
     virtual void endPrefixMapping(const XMLString& prefix) = 0;
 
-    /// A reference to an entity whose replacement text was not read.
+    /// A reference to an entity whose replacement text was not read: "name" in content; in the document type declaration
+    /// "%name" for a parameter entity, "[dtd]" for the external subset.
     virtual void skippedEntity(const XMLString& name) = 0;
 
     virtual ~ContentHandler() = default;

@@ -17,14 +17,17 @@ namespace Vesk::XML
 /// Comments inside the document type declaration are not reported. Attribute types are always "CDATA". A reference to
 /// an entity that is declared outside of what was read is reported as skippedEntity in content; in attribute values it
 /// reads as nothing, and the error handler gets a warning, one for each start tag that has such a reference.
-/// ignorableWhitespace, startEntity and endEntity are never called.
+/// An external subset or parameter entity that is not read is reported as skippedEntity, too; behind the latter, unless
+/// the document is standalone, declarations have no effect and are not reported, except for notations. Internal
+/// parameter entities are always expanded. ignorableWhitespace, startEntity and endEntity are never called.
 ///
 /// Features:
 /// - FEATURE_NAMESPACES: true, cannot be switched off.
 /// - FEATURE_NAMESPACE_PREFIXES: false. When true, namespace declarations are also listed as attributes in front of the
 ///   others: qualified name "xmlns" or "xmlns:p", URI and local name empty.
 /// - FEATURE_EXTERNAL_GENERAL_ENTITIES, FEATURE_EXTERNAL_PARAMETER_ENTITIES: false. When true and an entity resolver is
-///   set, external entities that it resolves are read; without a resolver they are skipped.
+///   set, external entities that it resolves are read; without a resolver they are skipped. The latter feature, which
+///   is also for external subsets, has no effect on documents that say standalone="yes".
 ///
 /// Properties: PROPERTY_LEXICAL_HANDLER, PROPERTY_DECLARATION_HANDLER.
 ///
