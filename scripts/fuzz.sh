@@ -5,13 +5,14 @@
 #
 #   scripts/fuzz.sh SECONDS [TARGET...]     each target, or those named, for so many seconds
 #
-# As many targets run at a time as there are processors. What they learn stays in build/fuzz/corpus for the next run; an
-# input that fails is kept in build/fuzz/artifacts. Ends with status 1 if there is one.
+# As many targets run at a time as there are processors, or as FUZZ_JOBS says. What they learn stays in
+# build/fuzz/corpus for the next run; an input that fails is kept in build/fuzz/artifacts. Ends with status 1 if there is
+# one.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 if [ $# -lt 1 ] || ! [[ $1 =~ ^[1-9][0-9]*$ ]]; then
-    sed -n '4,9s/^# \{0,1\}//p' "$0" >&2
+    sed -n '4,10s/^# \{0,1\}//p' "$0" >&2
     exit 2
 fi
 seconds=$1
@@ -57,4 +58,4 @@ run_target()
 export -f run_target
 export build seconds
 
-printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -I{} bash -c 'run_target {}'
+printf '%s\n' "${targets[@]}" | xargs -P "${FUZZ_JOBS:-$(nproc)}" -I{} bash -c 'run_target {}'

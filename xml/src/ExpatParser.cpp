@@ -37,6 +37,8 @@ constexpr int MAX_EXTERNAL_DEPTH = 32;
 
 // A parser that reads many documents keeps the names of earlier ones, unless they have become this many.
 constexpr std::size_t MAX_KEPT_NAMES = 4096;
+constexpr std::size_t MAX_KEPT_VALUES = 64;
+constexpr std::size_t MAX_KEPT_OCTETS = 4096; // of a value
 
 const XMLString EMPTY;
 const XMLString CDATA_TYPE = "CDATA";
@@ -147,6 +149,14 @@ void ExpatParser::prepare(const XML_Char* encoding)
         _names.clear();
     _openElements.clear();
     _attributes.clear();
+    // Each value of a document may have filled another string.
+    if (_values.size() > MAX_KEPT_VALUES)
+        _values.resize(MAX_KEPT_VALUES);
+    for (XMLString& value : _values)
+    {
+        if (value.capacity() > MAX_KEPT_OCTETS)
+            XMLString().swap(value);
+    }
     _textOctets = 0;
     _inDoctype = false;
     _hasDoctype = false;
