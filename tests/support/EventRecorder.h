@@ -17,7 +17,7 @@
 /// Records the events of a document as lines of text, so that two documents can be compared as two strings.
 ///
 /// What may differ without changing the document is evened out: adjacent character data is joined, attributes and the
-/// prefix mappings of an element are sorted, empty CDATA sections are left out, and notations and unparsed entities
+/// prefix mappings of an element are sorted, empty CDATA sections are left out, and notations, then unparsed entities,
 /// stand in front. Qualified names, xmlns attributes, the name of the document type and declarations that are not read are
 /// recorded on demand only: the binary format does not keep them.
 class EventRecorder : public Vesk::XML::ContentHandler, public Vesk::XML::LexicalHandler, public Vesk::XML::DTDHandler
@@ -38,7 +38,7 @@ public:
     std::string events()
     {
         settle();
-        return _declarations + _events;
+        return _notations + _entities + _events;
     }
 
     void attachTo(Vesk::XML::XMLReader& reader)
@@ -138,12 +138,12 @@ public:
 
     void notationDecl(const std::string& name, const std::string* publicId, const std::string* systemId) override
     {
-        _declarations += "notation " + name + identifier(publicId) + identifier(systemId) + "\n";
+        _notations += "notation " + name + identifier(publicId) + identifier(systemId) + "\n";
     }
     void unparsedEntityDecl(const std::string& name, const std::string* publicId, const std::string& systemId,
                             const std::string& notationName) override
     {
-        _declarations += "entity " + name + identifier(publicId) + identifier(&systemId) + " " + notationName + "\n";
+        _entities += "entity " + name + identifier(publicId) + identifier(&systemId) + " " + notationName + "\n";
     }
 
 private:
@@ -223,7 +223,8 @@ private:
     void settleMappings() { addSorted(_mappings); }
 
     const bool _withQNames;
-    std::string _declarations;
+    std::string _notations;
+    std::string _entities;
     std::string _events;
     std::string _text;
     std::vector<std::string> _mappings;
