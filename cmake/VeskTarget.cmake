@@ -36,7 +36,7 @@ function(vesk_configure_target target)
     target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
   endif()
   if(VESK_COVERAGE)
-    target_compile_options(${target} PRIVATE --coverage)
+    target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic) # threads count, too
     target_link_options(${target} PRIVATE --coverage)
   endif()
 endfunction()
