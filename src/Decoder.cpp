@@ -13,8 +13,6 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-constexpr unsigned int ABSENT = 0xFFFFFFFF; // the part of a name surrogate that is not there
-
 void readXMLDeclaration(BitStreamReader& reader, std::string& xmlDeclaration)
 {
     xmlDeclaration = "<?";
@@ -129,8 +127,8 @@ QualifiedNameEntry Decoder::nameSurrogate(BitStreamReader& reader)
             throw FISParseException("Unexpected end of stream while reading surrogate");
         return PrimitiveCode::integerOnSecondBit(reader, reader.readRestOfOctet());
     };
-    const unsigned int prefix = hasPrefix ? paddedInteger() : ABSENT;
-    const unsigned int namespaceName = hasNamespaceName ? paddedInteger() : ABSENT;
+    const unsigned int prefix = hasPrefix ? paddedInteger() : QualifiedNameEntry::ABSENT;
+    const unsigned int namespaceName = hasNamespaceName ? paddedInteger() : QualifiedNameEntry::ABSENT;
     const unsigned int localName = paddedInteger();
     return QualifiedNameEntry(prefix, namespaceName, localName);
 }

@@ -117,7 +117,8 @@ void DocumentParser<Observation>::parseChildren()
 {
     for (;;)
     {
-        const unsigned int octet = readOctet("Unexpected end of stream while parsing element children");
+        const unsigned int octet =
+            PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing element children");
         if (octet < 0x80)
             parseElement(octet);
         else if (octet < 0xC0)
@@ -165,7 +166,7 @@ void DocumentParser<Observation>::parseElement(unsigned int octet)
     {
         _observation.part(Part::START);
         parseNamespaceAttributes();
-        octet = readOctet("Unexpected end of stream while parsing element");
+        octet = PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing element");
         _observation.part(Part::PADDING, ELEMENT_NAME_BITS);
     }
     else
@@ -199,7 +200,7 @@ void DocumentParser<Observation>::parseNamespaceAttributes()
     _observation.start(Structure::NAMESPACE_ATTRIBUTES);
     for (;;)
     {
-        const unsigned int octet = readOctet("Unexpected end of stream while parsing element");
+        const unsigned int octet = PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing element");
         if (octet >= TERMINATOR_OCTETS)
         {
             _observation.part(Part::TERMINATOR, HALF_OCTET);
@@ -237,7 +238,7 @@ unsigned int DocumentParser<Observation>::parseAttributes()
     _observation.start(Structure::ATTRIBUTES);
     for (;;)
     {
-        const unsigned int octet = readOctet("Unexpected end of stream while parsing element");
+        const unsigned int octet = PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing element");
         if (octet >= 0x80)
         {
             _observation.part(Part::TERMINATOR, HALF_OCTET);
@@ -355,15 +356,6 @@ inline void DocumentParser<Observation>::endElement()
             _handlers.content->endPrefixMapping(*_prefixes[i]);
     }
     _prefixes.resize(element.prefixes);
-}
-
-template <class Observation>
-inline unsigned int DocumentParser<Observation>::readOctet(const char* endOfStreamMessage)
-{
-    unsigned int octet = 0;
-    if (!_reader->readOctet(octet))
-        throw FISParseException(endOfStreamMessage);
-    return octet;
 }
 
 template <class Observation>

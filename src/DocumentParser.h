@@ -49,7 +49,6 @@ private:
 
     void begin(BitStreamReader& reader, DocumentVocabulary& vocabulary, const ParserHandlers& handlers);
     void parseHeader(int externalDepth);
-    unsigned int readOctet(const char* endOfStreamMessage);
     void parseChildren();
     bool parseItem(unsigned int octet);
     void parseElement(unsigned int octet);

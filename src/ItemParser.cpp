@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ItemParser.h"
+#include "PrimitiveCode.h"
 #include "StringParser.h"
 #include "TextLength.h"
 #include "Vesk/Bugcheck.h"
@@ -63,7 +64,8 @@ void ItemParser<Observation>::parseDocumentChildren(const Decoder::OpenHeaderPar
     }
     if (parts.standalone)
     {
-        const unsigned int octet = readOctet("Unexpected end of stream while parsing standalone flag");
+        const unsigned int octet =
+            PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing standalone flag");
         _observation.flags(Part::STANDALONE, octet & 1);
     }
     if (parts.version)
@@ -77,7 +79,8 @@ void ItemParser<Observation>::parseNotations()
     _observation.start(Structure::NOTATIONS);
     for (;;)
     {
-        const unsigned int octet = readOctet("Unexpected end of stream while parsing notation");
+        const unsigned int octet =
+            PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing notation");
         if (octet >> 2 == NOTATION)
             parseNotation(octet);
         else if (octet >> 2 == TERMINATOR << 2)
@@ -94,7 +97,8 @@ void ItemParser<Observation>::parseUnparsedEntities()
     _observation.start(Structure::UNPARSED_ENTITIES);
     for (;;)
     {
-        const unsigned int octet = readOctet("Unexpected end of stream while parsing unparsed entity");
+        const unsigned int octet =
+            PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing unparsed entity");
         if (octet >> 1 == UNPARSED_ENTITY)
             parseUnparsedEntity(octet);
         else if (octet >> 1 == TERMINATOR << 3)
@@ -140,10 +144,10 @@ unsigned int ItemParser<Observation>::parseDocumentTypeDeclaration(unsigned int 
 
     // Anything but a processing instruction is taken for the terminator at first; behind one only a terminator ends.
     const char* const endOfStream = "Unexpected end of stream while parsing document type declaration";
-    unsigned int last = readOctet(endOfStream);
+    unsigned int last = PrimitiveCode::readOctet(*_reader, endOfStream);
     if (last >> 4 == PROCESSING_INSTRUCTION)
     {
-        for (; last >> 4 != TERMINATOR; last = readOctet(endOfStream))
+        for (; last >> 4 != TERMINATOR; last = PrimitiveCode::readOctet(*_reader, endOfStream))
             parseProcessingInstruction();
     }
     _observation.part(Part::TERMINATOR, HALF_OCTET);
@@ -209,15 +213,6 @@ template <class Observation>
 const std::string* ItemParser<Observation>::optionalURI(bool isPresent)
 {
     return isPresent ? &_strings.parseIdentifyingStringOrIndex(DocumentVocabulary::OTHER_URI) : nullptr;
-}
-
-template <class Observation>
-unsigned int ItemParser<Observation>::readOctet(const char* endOfStreamMessage)
-{
-    unsigned int octet = 0;
-    if (!_reader->readOctet(octet))
-        throw FISParseException(endOfStreamMessage);
-    return octet;
 }
 
 template class ItemParser<Unobserved>;

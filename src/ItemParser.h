@@ -51,7 +51,6 @@ public:
     void parseUnexpandedEntityReference(unsigned int octet);
 
 private:
-    unsigned int readOctet(const char* endOfStreamMessage);
     const std::string* optionalURI(bool isPresent);
     void endList(StructureObserver::Structure structure);
     void parseNotations();

@@ -7,13 +7,6 @@
 namespace Vesk::FastInfoset
 {
 
-namespace
-{
-
-constexpr unsigned int ABSENT = 0xFFFFFFFF; // the part of a name surrogate that is not there
-
-} // namespace
-
 void Observed::begin(const BitStreamReader& reader, const DocumentVocabulary& vocabulary, StructureObserver* observer)
 {
     *this = Observed();
@@ -144,7 +137,7 @@ void Observed::tellName(Table table, StructureObserver::Indexing indexing, unsig
 
 const std::string* Observed::namePart(DocumentVocabulary::ID table, unsigned int index) const
 {
-    if (index == ABSENT)
+    if (index == QualifiedNameEntry::ABSENT)
         return &FastInfosetParser::EMPTY_STRING;
     const VerbTable<std::string>& entries = _vocabulary->vocabulary(table).entries();
     return index < entries.size() ? &entries[index] : nullptr;

@@ -31,6 +31,15 @@ namespace Vesk::FastInfoset::PrimitiveCode
     throw FISParseException("Unexpected end of stream while reading octet string");
 }
 
+/// The octet in which a structure starts. Throws FISParseException with the message if there is none.
+inline unsigned int readOctet(BitStreamReader& reader, const char* endOfStreamMessage)
+{
+    unsigned int octet = 0;
+    if (!reader.readOctet(octet))
+        throw FISParseException(endOfStreamMessage);
+    return octet;
+}
+
 /// Octets behind the group.
 inline unsigned int readOctets(BitStreamReader& reader, int octetCount)
 {

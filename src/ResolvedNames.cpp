@@ -12,9 +12,6 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-// How a name surrogate of an initial vocabulary marks a part that is not there.
-constexpr unsigned int ABSENT = 0xFFFFFFFF;
-
 // What the qualified names of a document may take: so much in any case, and so much for each name on average. A name of
 // three octets can refer to a prefix of any length, so without a bound memory would grow with their product.
 constexpr std::size_t FREE_OCTETS = 4 * 1024 * 1024;
@@ -27,7 +24,7 @@ constexpr std::size_t KEPT_SLOTS = 1024;
 
 const std::string* part(StringEntries& entries, unsigned int index)
 {
-    return index == ABSENT ? &FastInfosetParser::EMPTY_STRING : &entries[index];
+    return index == QualifiedNameEntry::ABSENT ? &FastInfosetParser::EMPTY_STRING : &entries[index];
 }
 
 } // namespace

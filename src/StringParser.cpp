@@ -12,7 +12,6 @@ namespace Vesk::FastInfoset
 namespace
 {
 
-using Form = StructureObserver::Form;
 using Table = StructureObserver::Table;
 
 constexpr std::size_t KEPT_OCTETS = 64 * 1024; // of a buffer, from one document to the next
@@ -62,7 +61,8 @@ const std::string& StringParser<Observation>::parseIdentifyingStringOrIndex(Docu
 template <class Observation>
 unsigned int StringParser<Observation>::parseIndex(DocumentVocabulary::ID table)
 {
-    const unsigned int octet = readOctet("Unexpected end of stream while parsing identifying string or index");
+    const unsigned int octet =
+        PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing identifying string or index");
     if ((octet & 0x80) != 0)
     {
         const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
@@ -107,17 +107,23 @@ inline unsigned int StringParser<Observation>::parseNamePart(DocumentVocabulary:
     return index;
 }
 
-// 0assssss: whether the string is added to the table, its form.
+// assssss (seven bits, or assss: five): whether the string is added to the table, its form. The text of a value is made if
+// it is wanted, and for the table and observers in any case.
 template <class Observation>
+template <int NUM_OF_BITS>
 const std::string& StringParser<Observation>::parseLiteral(DocumentVocabulary::ID table, unsigned int octet,
-                                                           std::string& buffer)
+                                                           std::string& buffer, bool isTextWanted,
+                                                           AutoPtr<Encoding>& value)
 {
-    const bool addToTable = (octet & 0x40) != 0;
+    constexpr int GROUP_BITS = NUM_OF_BITS - 3; // behind the bit for the table and two for the form
+    const bool addToTable = (octet >> (NUM_OF_BITS - 1) & 1) != 0;
+    const unsigned int group = octet & ((1u << GROUP_BITS) - 1);
+    const Form form = static_cast<Form>(octet >> GROUP_BITS & 3);
     unsigned int index = 0;
     const std::string* text = &buffer;
-    if ((octet & 0x30) == 0) // UTF-8
+    if (form == Form::UTF8)
     {
-        const unsigned long octetCount = PrimitiveCode::stringLength(*_reader, octet & 0xF, 4);
+        const unsigned long octetCount = PrimitiveCode::stringLength(*_reader, group, GROUP_BITS);
         if (addToTable)
             text = &readEntry(table, octetCount, index);
         else
@@ -125,9 +131,9 @@ const std::string& StringParser<Observation>::parseLiteral(DocumentVocabulary::I
     }
     else
     {
-        const AutoPtr<Encoding> typed = parseEncodedCharacterString(octet, 6, buffer);
-        if (typed)
-            typed->text(buffer);
+        value = parseOtherForm(form, group, GROUP_BITS, buffer);
+        if (value && (isTextWanted || addToTable || Observation::ENABLED))
+            value->text(buffer);
         if (addToTable)
             text = &enter(table, buffer, index);
     }
@@ -135,85 +141,66 @@ const std::string& StringParser<Observation>::parseLiteral(DocumentVocabulary::I
     return *text;
 }
 
+template <class Observation>
+const std::string& StringParser<Observation>::parseLiteralAsText(DocumentVocabulary::ID table, unsigned int octet,
+                                                                 std::string& buffer)
+{
+    AutoPtr<Encoding> value;
+    return parseLiteral<7>(table, octet, buffer, true, value);
+}
+
 //   ??1iiiii    an index
 //   ??0assss    an encoded character string that is added to the table or not
 template <class Observation>
 const std::string* StringParser<Observation>::parseCharacterChunk(unsigned int octet, AutoPtr<Encoding>& value)
 {
-    const bool addToTable = (octet & 0x10) != 0;
-    unsigned int index = 0;
-    const std::string* text = &_chunk;
-    if ((octet & 0x20) != 0)
+    if ((octet & 0x20) == 0)
     {
-        index = PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F);
-        text = &entries(CHUNKS)[index];
-        _observation.indexed(index);
+        const std::string& text = parseLiteral<5>(CHUNKS, octet, _chunk, false, value);
+        return value ? nullptr : &text;
     }
-    else if ((octet & 0xC) == 0) // UTF-8
-    {
-        const unsigned long octetCount = PrimitiveCode::stringLength(*_reader, octet & 3, 2);
-        if (addToTable)
-            text = &readEntry(CHUNKS, octetCount, index);
-        else
-            readString(octetCount, _chunk);
-    }
-    else
-    {
-        value = parseEncodedCharacterString(octet, 4, _chunk);
-        // Of a value that enters no table only an observer needs the text.
-        if (value && (Observation::ENABLED || addToTable))
-            value->text(_chunk);
-        if (addToTable)
-            text = &enter(CHUNKS, _chunk, index);
-    }
-    _observation.string(CHUNKS, text);
-    return value ? nullptr : text;
+    const unsigned int index = PrimitiveCode::integerOnFourthBit(*_reader, octet & 0x1F);
+    const std::string& text = entries(CHUNKS)[index];
+    _observation.indexed(index);
+    _observation.string(CHUNKS, &text);
+    return &text;
 }
 
-// In the last numOfBits bits (6 or 4) of the octet:
+// The forms of an encoded character string, by four bits of its first octet or two:
 //
-//   00nnnn    UTF-8 of that length                                                  00nn
+//   00nnnn    UTF-8 of that length, which parseLiteral reads                        00nn
 //   01nnnn    UTF-16 of that length                                                 01nn
 //   10iiii    and four bits more: an alphabet's index, then length and codes        10ii and six bits more
 //   11iiii    and four bits more: an algorithm's index, then its own data           11ii and six bits more
 //
 // Returns the value of an algorithm, or null and the text.
 template <class Observation>
-AutoPtr<Encoding> StringParser<Observation>::parseEncodedCharacterString(unsigned int octet, int numOfBits,
-                                                                         std::string& text)
+AutoPtr<Encoding> StringParser<Observation>::parseOtherForm(Form form, unsigned int group, int groupBits,
+                                                            std::string& text)
 {
-    const int groupBits = numOfBits - 2;
-    const unsigned int group = octet & (0xFFu >> (8 - groupBits));
-    switch (static_cast<Form>((octet >> groupBits) & 3))
+    if (form == Form::UTF16)
     {
-    case Form::UTF8:
-        readString(PrimitiveCode::stringLength(*_reader, group, groupBits), text);
-        break;
-    case Form::UTF16:
         readString(PrimitiveCode::stringLength(*_reader, group, groupBits), _octets);
         StringDecoder::decodeUTF16(_octets, text);
-        _observation.form(Form::UTF16);
-        break;
-    case Form::RESTRICTED_ALPHABET:
+        _observation.form(form);
+        return AutoPtr<Encoding>();
+    }
+
+    _reader->unread(static_cast<unsigned int>(groupBits));
+    const unsigned int index = PrimitiveCode::smallInteger(*_reader);
+    AutoPtr<Encoding> value;
+    if (form == Form::RESTRICTED_ALPHABET)
     {
-        _reader->unread(static_cast<unsigned int>(groupBits));
-        const unsigned int index = PrimitiveCode::smallInteger(*_reader);
         Decoder::nonEmptyOctetString(*_reader, _octets);
         StringDecoder::decodeAlphabet(_octets, std::as_const(*_vocabulary).restrictedAlphabets().alphabet(index), text);
-        _observation.form(Form::RESTRICTED_ALPHABET, index);
-        break;
     }
-    case Form::ENCODING_ALGORITHM:
+    else
     {
-        _reader->unread(static_cast<unsigned int>(groupBits));
-        const unsigned int index = PrimitiveCode::smallInteger(*_reader);
-        AutoPtr<Encoding> value = _vocabulary->decodingAlgorithm().decoding(index)(*_reader);
+        value = _vocabulary->decodingAlgorithm().decoding(index)(*_reader);
         _reader->align();
-        _observation.form(Form::ENCODING_ALGORITHM, index);
-        return value;
     }
-    }
-    return AutoPtr<Encoding>();
+    _observation.form(form, index);
+    return value;
 }
 
 template <class Observation>

@@ -52,16 +52,20 @@ public:
     const std::string* parseCharacterChunk(unsigned int octet, AutoPtr<Encoding>& value);
 
 private:
+    using Form = Observed::Form;
+
     StringEntries& entries(DocumentVocabulary::ID table) { return _entries[table - DocumentVocabulary::PREFIX]; }
 
-    unsigned int readOctet(const char* endOfStreamMessage);
     void readString(unsigned long octetCount, std::string& octets);
     unsigned int parseIndex(DocumentVocabulary::ID table);
     unsigned int parseNamePart(DocumentVocabulary::ID table);
     QualifiedNameEntry parseLiteralName(unsigned int octet);
     const ResolvedName& parseLiteralName(ResolvedNames& names, Observed::Table table, unsigned int octet);
-    const std::string& parseLiteral(DocumentVocabulary::ID table, unsigned int octet, std::string& buffer);
-    AutoPtr<Encoding> parseEncodedCharacterString(unsigned int octet, int numOfBits, std::string& text);
+    template <int NUM_OF_BITS>
+    const std::string& parseLiteral(DocumentVocabulary::ID table, unsigned int octet, std::string& buffer,
+                                    bool isTextWanted, AutoPtr<Encoding>& value);
+    const std::string& parseLiteralAsText(DocumentVocabulary::ID table, unsigned int octet, std::string& buffer);
+    AutoPtr<Encoding> parseOtherForm(Form form, unsigned int group, int groupBits, std::string& text);
     const std::string& readEntry(DocumentVocabulary::ID table, unsigned long octetCount, unsigned int& index);
     const std::string& enter(DocumentVocabulary::ID table, const std::string& text, unsigned int& index);
 
@@ -114,23 +118,15 @@ template <class Observation>
 inline const std::string& StringParser<Observation>::parseNonIdentifyingStringOrIndexXML(DocumentVocabulary::ID table,
                                                                                          std::string& buffer)
 {
-    const unsigned int octet = readOctet("Unexpected end of stream while parsing non identifying string or index");
+    const unsigned int octet =
+        PrimitiveCode::readOctet(*_reader, "Unexpected end of stream while parsing non identifying string or index");
     if ((octet & 0x80) == 0)
-        return parseLiteral(table, octet, buffer);
+        return parseLiteralAsText(table, octet, buffer);
     const unsigned int index = PrimitiveCode::integerOnSecondBit(*_reader, octet & 0x7F);
     const std::string& text = entries(table)[index];
     _observation.indexed(index);
     _observation.string(table, &text);
     return text;
-}
-
-template <class Observation>
-inline unsigned int StringParser<Observation>::readOctet(const char* endOfStreamMessage)
-{
-    unsigned int octet = 0;
-    if (!_reader->readOctet(octet))
-        throw FISParseException(endOfStreamMessage);
-    return octet;
 }
 
 } // namespace Vesk::FastInfoset

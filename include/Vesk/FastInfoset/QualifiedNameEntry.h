@@ -11,11 +11,13 @@ namespace Vesk::FastInfoset
 /// A name surrogate (X.891 C.16): the indexes of a qualified name's three parts.
 ///
 /// Prefix and namespace name are 0 where the name has none. A surrogate that was read from an initial vocabulary marks
-/// an absent part with 0xFFFFFFFF instead.
+/// an absent part with ABSENT instead.
 class VESK_FASTINFOSET_API QualifiedNameEntry
 {
 public:
-    /// All parts absent.
+    static constexpr unsigned int ABSENT = 0xFFFFFFFF;
+
+    /// All parts 0.
     QualifiedNameEntry() = default;
 
     /// The three indexes.
