@@ -17,30 +17,21 @@ std::string placeText(int line, int column)
 } // namespace
 
 LossFilter::LossFilter(XML::XMLReader& parser, LossListener& listener)
-    : XMLFilterImpl(&parser),
+    : LexicalFilterImpl(&parser),
       _listener(listener)
 {
 }
 
-void LossFilter::setProperty(const XML::XMLString& propertyId, void* value)
-{
-    if (propertyId == PROPERTY_LEXICAL_HANDLER)
-        _lexicalHandler = static_cast<XML::LexicalHandler*>(value);
-    else
-        XMLFilterImpl::setProperty(propertyId, value);
-}
-
 void LossFilter::setupParse()
 {
-    XMLFilterImpl::setupParse();
-    XMLFilterImpl::setProperty(PROPERTY_LEXICAL_HANDLER, static_cast<XML::LexicalHandler*>(this));
-    XMLFilterImpl::setProperty(PROPERTY_DECLARATION_HANDLER, static_cast<XML::DeclHandler*>(this));
+    LexicalFilterImpl::setupParse();
+    LexicalFilterImpl::setProperty(PROPERTY_DECLARATION_HANDLER, static_cast<XML::DeclHandler*>(this));
 }
 
 void LossFilter::setDocumentLocator(const XML::Locator* locator)
 {
     _locator = locator;
-    XMLFilterImpl::setDocumentLocator(locator);
+    LexicalFilterImpl::setDocumentLocator(locator);
 }
 
 std::string LossFilter::place() const
@@ -59,7 +50,7 @@ void LossFilter::startElement(const XML::XMLString& uri, const XML::XMLString& l
                            "\" is not that of the root element");
         _documentTypeName.clear();
     }
-    XMLFilterImpl::startElement(uri, localName, qname, attributes);
+    LexicalFilterImpl::startElement(uri, localName, qname, attributes);
 }
 
 // Of the external subset, startDTD has told.
@@ -76,14 +67,14 @@ void LossFilter::skippedEntity(const XML::XMLString& name)
     {
         _listener.lost(place() + "the reference \"&" + name + ";\" cannot be expanded");
     }
-    XMLFilterImpl::skippedEntity(name);
+    LexicalFilterImpl::skippedEntity(name);
 }
 
 void LossFilter::warning(const XML::SAXException& exception)
 {
     if (const auto* warning = dynamic_cast<const XML::SAXParseException*>(&exception))
         _listener.lost(placeText(warning->getLineNumber(), warning->getColumnNumber()) + warning->getText());
-    XMLFilterImpl::warning(exception);
+    LexicalFilterImpl::warning(exception);
 }
 
 void LossFilter::startDTD(const XML::XMLString& name, const XML::XMLString& publicId, const XML::XMLString& systemId)
@@ -93,8 +84,7 @@ void LossFilter::startDTD(const XML::XMLString& name, const XML::XMLString& publ
     if (!systemId.empty())
         _listener.noted(_documentTypePlace + "the external subset " + systemId +
                         " is not read; default attribute values that it declares are not added");
-    if (_lexicalHandler)
-        _lexicalHandler->startDTD(name, publicId, systemId);
+    LexicalFilterImpl::startDTD(name, publicId, systemId);
 }
 
 void LossFilter::endDTD()
@@ -106,38 +96,7 @@ void LossFilter::endDTD()
                                "notations, unparsed entities and processing instructions stay"
                              : "the internal subset is left out; its effects on the content, notations, unparsed "
                                "entities and processing instructions stay"));
-    if (_lexicalHandler)
-        _lexicalHandler->endDTD();
-}
-
-void LossFilter::startEntity(const XML::XMLString& name)
-{
-    if (_lexicalHandler)
-        _lexicalHandler->startEntity(name);
-}
-
-void LossFilter::endEntity(const XML::XMLString& name)
-{
-    if (_lexicalHandler)
-        _lexicalHandler->endEntity(name);
-}
-
-void LossFilter::startCDATA()
-{
-    if (_lexicalHandler)
-        _lexicalHandler->startCDATA();
-}
-
-void LossFilter::endCDATA()
-{
-    if (_lexicalHandler)
-        _lexicalHandler->endCDATA();
-}
-
-void LossFilter::comment(const XML::XMLChar ch[], int start, int length)
-{
-    if (_lexicalHandler)
-        _lexicalHandler->comment(ch, start, length);
+    LexicalFilterImpl::endDTD();
 }
 
 void LossFilter::attributeDecl(const XML::XMLString&, const XML::XMLString&, const XML::XMLString&,

@@ -3,8 +3,7 @@
 #define VESKFI_LOSSFILTER_H
 
 #include "Vesk/XML/DeclHandler.h"
-#include "Vesk/XML/LexicalHandler.h"
-#include "Vesk/XML/XMLFilterImpl.h"
+#include "Vesk/XML/LexicalFilterImpl.h"
 #include <string>
 
 namespace Vesk::Tool
@@ -25,15 +24,12 @@ protected:
 
 /// Watches what an XML parser reports on its way to a FastInfosetWriter for what will not arrive.
 ///
-/// It is its parent's lexical and declaration handler; set the lexical handler on the filter.
-class LossFilter : public XML::XMLFilterImpl, public XML::LexicalHandler, public XML::DeclHandler
+/// It is its parent's declaration handler.
+class LossFilter : public XML::LexicalFilterImpl, public XML::DeclHandler
 {
 public:
     /// Both are borrowed.
     LossFilter(XML::XMLReader& parser, LossListener& listener);
-
-    using XMLFilterImpl::setProperty;
-    void setProperty(const XML::XMLString& propertyId, void* value) override;
 
     void setDocumentLocator(const XML::Locator* locator) override;
     void startElement(const XML::XMLString& uri, const XML::XMLString& localName, const XML::XMLString& qname,
@@ -44,11 +40,6 @@ public:
 
     void startDTD(const XML::XMLString& name, const XML::XMLString& publicId, const XML::XMLString& systemId) override;
     void endDTD() override;
-    void startEntity(const XML::XMLString& name) override;
-    void endEntity(const XML::XMLString& name) override;
-    void startCDATA() override;
-    void endCDATA() override;
-    void comment(const XML::XMLChar ch[], int start, int length) override;
 
     void attributeDecl(const XML::XMLString& elementName, const XML::XMLString& attributeName,
                        const XML::XMLString& type, const XML::XMLString* mode, const XML::XMLString* value) override;
@@ -64,7 +55,6 @@ private:
     std::string place() const;
 
     LossListener& _listener;
-    XML::LexicalHandler* _lexicalHandler = nullptr;
     const XML::Locator* _locator = nullptr;
     XML::XMLString _documentTypeName; // until the root element
     std::string _documentTypePlace;

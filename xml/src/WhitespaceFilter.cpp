@@ -20,35 +20,11 @@ bool isWhitespace(char c)
 }
 } // namespace
 
-WhitespaceFilter::WhitespaceFilter(XMLReader* parent)
-    : XMLFilterImpl(parent)
-{
-}
-
-void WhitespaceFilter::setProperty(const XMLString& propertyId, void* value)
-{
-    if (propertyId == PROPERTY_LEXICAL_HANDLER)
-        _lexicalHandler = static_cast<LexicalHandler*>(value);
-    else
-        XMLFilterImpl::setProperty(propertyId, value);
-}
-
-void* WhitespaceFilter::getProperty(const XMLString& propertyId) const
-{
-    return propertyId == PROPERTY_LEXICAL_HANDLER ? _lexicalHandler : XMLFilterImpl::getProperty(propertyId);
-}
-
-void WhitespaceFilter::setupParse()
-{
-    XMLFilterImpl::setupParse();
-    XMLFilterImpl::setProperty(PROPERTY_LEXICAL_HANDLER, static_cast<LexicalHandler*>(this));
-}
-
 void WhitespaceFilter::startDocument()
 {
     endRun();
     _preserved.clear();
-    XMLFilterImpl::startDocument();
+    LexicalFilterImpl::startDocument();
 }
 
 void WhitespaceFilter::startElement(const XMLString& uri, const XMLString& localName, const XMLString& qname,
@@ -57,7 +33,7 @@ void WhitespaceFilter::startElement(const XMLString& uri, const XMLString& local
     endRun();
     const int space = attributes.getIndex(NamespaceSupport::XML_NAMESPACE, SPACE);
     _preserved.push_back(space >= 0 ? attributes.getValue(space) == PRESERVE : isPreserved());
-    XMLFilterImpl::startElement(uri, localName, qname, attributes);
+    LexicalFilterImpl::startElement(uri, localName, qname, attributes);
 }
 
 void WhitespaceFilter::endElement(const XMLString& uri, const XMLString& localName, const XMLString& qname)
@@ -65,7 +41,7 @@ void WhitespaceFilter::endElement(const XMLString& uri, const XMLString& localNa
     endRun();
     if (!_preserved.empty())
         _preserved.pop_back();
-    XMLFilterImpl::endElement(uri, localName, qname);
+    LexicalFilterImpl::endElement(uri, localName, qname);
 }
 
 void WhitespaceFilter::characters(const XMLChar ch[], int start, int length)
@@ -80,70 +56,43 @@ void WhitespaceFilter::characters(const XMLChar ch[], int start, int length)
         }
         keepRun();
     }
-    XMLFilterImpl::characters(ch, start, length);
+    LexicalFilterImpl::characters(ch, start, length);
 }
 
 void WhitespaceFilter::ignorableWhitespace(const XMLChar ch[], int start, int length)
 {
     if (isPreserved())
-        XMLFilterImpl::ignorableWhitespace(ch, start, length);
+        LexicalFilterImpl::ignorableWhitespace(ch, start, length);
 }
 
 void WhitespaceFilter::processingInstruction(const XMLString& target, const XMLString& data)
 {
     endRun();
-    XMLFilterImpl::processingInstruction(target, data);
+    LexicalFilterImpl::processingInstruction(target, data);
 }
 
 void WhitespaceFilter::skippedEntity(const XMLString& name)
 {
     keepRun();
-    XMLFilterImpl::skippedEntity(name);
+    LexicalFilterImpl::skippedEntity(name);
 }
 
 void WhitespaceFilter::startDTD(const XMLString& name, const XMLString& publicId, const XMLString& systemId)
 {
     endRun();
-    if (_lexicalHandler)
-        _lexicalHandler->startDTD(name, publicId, systemId);
-}
-
-void WhitespaceFilter::endDTD()
-{
-    if (_lexicalHandler)
-        _lexicalHandler->endDTD();
-}
-
-void WhitespaceFilter::startEntity(const XMLString& name)
-{
-    if (_lexicalHandler)
-        _lexicalHandler->startEntity(name);
-}
-
-void WhitespaceFilter::endEntity(const XMLString& name)
-{
-    if (_lexicalHandler)
-        _lexicalHandler->endEntity(name);
+    LexicalFilterImpl::startDTD(name, publicId, systemId);
 }
 
 void WhitespaceFilter::startCDATA()
 {
     keepRun();
-    if (_lexicalHandler)
-        _lexicalHandler->startCDATA();
-}
-
-void WhitespaceFilter::endCDATA()
-{
-    if (_lexicalHandler)
-        _lexicalHandler->endCDATA();
+    LexicalFilterImpl::startCDATA();
 }
 
 void WhitespaceFilter::comment(const XMLChar ch[], int start, int length)
 {
     endRun();
-    if (_lexicalHandler)
-        _lexicalHandler->comment(ch, start, length);
+    LexicalFilterImpl::comment(ch, start, length);
 }
 
 // White space that was held back turns out to belong to text.
@@ -151,7 +100,7 @@ void WhitespaceFilter::keepRun()
 {
     _keep = true;
     if (!_whitespace.empty())
-        XMLFilterImpl::characters(_whitespace.c_str(), 0, static_cast<int>(_whitespace.size()));
+        LexicalFilterImpl::characters(_whitespace.c_str(), 0, static_cast<int>(_whitespace.size()));
     _whitespace.clear();
 }
 

@@ -15,6 +15,7 @@ namespace Vesk::FastInfoset
 class VESK_FASTINFOSET_API QualifiedNameEntry
 {
 public:
+    /// The index of a part that is not there.
     static constexpr unsigned int ABSENT = 0xFFFFFFFF;
 
     /// All parts 0.

@@ -2,8 +2,7 @@
 #ifndef VESK_XML_WHITESPACEFILTER_H
 #define VESK_XML_WHITESPACEFILTER_H
 
-#include "Vesk/XML/LexicalHandler.h"
-#include "Vesk/XML/XMLFilterImpl.h"
+#include "Vesk/XML/LexicalFilterImpl.h"
 #include <vector>
 
 namespace Vesk::XML
@@ -14,19 +13,10 @@ namespace Vesk::XML
 /// space only, and kept byte for byte otherwise. A run that contains a CDATA section or a skipped entity is kept, and
 /// so are everything inside xml:space="preserve" and white space of more than 16 MiB. A run goes on over the calls of
 /// characters that it is split into.
-///
-/// The filter is its parent's lexical handler; set the lexical handler on the filter.
-class VESK_XML_API WhitespaceFilter : public XMLFilterImpl, public LexicalHandler
+class VESK_XML_API WhitespaceFilter : public LexicalFilterImpl
 {
 public:
-    /// Without a parent at first.
-    WhitespaceFilter() = default;
-    /// Borrows the parent.
-    explicit WhitespaceFilter(XMLReader* parent);
-
-    using XMLFilterImpl::setProperty;
-    void setProperty(const XMLString& propertyId, void* value) override;
-    void* getProperty(const XMLString& propertyId) const override;
+    using LexicalFilterImpl::LexicalFilterImpl;
 
     void startDocument() override;
     void startElement(const XMLString& uri, const XMLString& localName, const XMLString& qname,
@@ -38,22 +28,14 @@ public:
     void skippedEntity(const XMLString& name) override;
 
     void startDTD(const XMLString& name, const XMLString& publicId, const XMLString& systemId) override;
-    void endDTD() override;
-    void startEntity(const XMLString& name) override;
-    void endEntity(const XMLString& name) override;
     void startCDATA() override;
-    void endCDATA() override;
     void comment(const XMLChar ch[], int start, int length) override;
-
-protected:
-    void setupParse() override;
 
 private:
     bool isPreserved() const { return !_preserved.empty() && _preserved.back(); }
     void keepRun();
     void endRun();
 
-    LexicalHandler* _lexicalHandler = nullptr;
     XMLString _whitespace;        // the run so far, while it is white space only
     bool _keep = false;           // the rest of the run passes through
     std::vector<bool> _preserved; // per open element: is it inside xml:space="preserve"?
