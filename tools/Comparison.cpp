@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Comparison.h"
+#include "Columns.h"
 #include "Deflate.h"
 #include "ExpatParse.h"
 #include "OctetCount.h"
@@ -77,26 +78,12 @@ std::string milliseconds(double seconds)
     return text;
 }
 
-// "1,016,601"
-std::string grouped(std::uint64_t number)
-{
-    std::string digits = std::to_string(number);
-    for (std::size_t i = digits.size(); i > 3; i -= 3)
-        digits.insert(i - 3, ",");
-    return digits;
-}
-
 std::string row(const char* name, const std::array<std::string, 6>& cells)
 {
-    static constexpr std::array<int, 6> WIDTHS = {12, 9, 12, 9, 12, 12};
-    char text[128];
-    int length = std::snprintf(text, sizeof text, "  %-18s", name);
-    std::string line(text, static_cast<std::size_t>(length));
+    static constexpr std::array<std::size_t, 6> COLUMNS = {12, 9, 12, 9, 12, 12};
+    std::string line = padded(std::string("  ") + name, 20);
     for (std::size_t i = 0; i < cells.size(); ++i)
-    {
-        length = std::snprintf(text, sizeof text, "%*s", WIDTHS[i], cells[i].c_str());
-        line.append(text, static_cast<std::size_t>(length));
-    }
+        line += rightAligned(cells[i], COLUMNS[i]);
     return line + "\n";
 }
 
@@ -140,8 +127,8 @@ std::string Comparison::text(const std::string& title) const
     for (const Form& form : _forms)
     {
         text += row(form.name,
-                    {grouped(form.octets), percentText(form.octets, whole), grouped(form.deflatedOctets),
-                     percentText(form.deflatedOctets, whole),
+                    {grouped(static_cast<long>(form.octets)), percentText(form.octets, whole),
+                     grouped(static_cast<long>(form.deflatedOctets)), percentText(form.deflatedOctets, whole),
                      form.encodeSeconds > 0 ? milliseconds(form.encodeSeconds) : "-", milliseconds(form.parseSeconds)});
     }
     return text;

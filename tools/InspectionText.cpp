@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "InspectionText.h"
+#include "Columns.h"
 #include "FormatNames.h"
 #include "Quoted.h"
 #include <algorithm>
@@ -21,17 +22,9 @@ constexpr unsigned long ALL_BITS = std::numeric_limits<unsigned long>::max();
 constexpr std::size_t SHOWN_CHARACTERS = 60;
 constexpr std::size_t MAX_INDENTATION = 60; // of documents nested more deeply than anybody can read
 
-std::string padded(std::string text, std::size_t columns)
-{
-    text.resize(std::max(columns, text.size()), ' ');
-    return text;
-}
-
 std::string offsetText(unsigned long bit)
 {
-    const std::string octet = std::to_string(bit / 8);
-    return std::string(octet.size() < 7 ? 7 - octet.size() : 0, ' ') + octet +
-           (bit % 8 == 0 ? "" : "." + std::to_string(bit % 8));
+    return rightAligned(std::to_string(bit / 8), 7) + (bit % 8 == 0 ? "" : "." + std::to_string(bit % 8));
 }
 
 std::string hexadecimal(char octet)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "StatisticsText.h"
+#include "Columns.h"
 #include "FormatNames.h"
 #include "Quoted.h"
 #include <algorithm>
@@ -26,30 +27,6 @@ constexpr int MIN_CHARACTERS = 20;
 constexpr int MAX_CHARACTERS = 60;
 constexpr int COLUMNS_BEFORE_TEXT =
     2 + TABLE_COLUMNS + 2 * NUMBER_COLUMNS + SHARE_COLUMNS + 2 + SHORT_BAR_COLUMNS + 2 + 5;
-
-std::string padded(std::string text, std::size_t columns)
-{
-    text.resize(std::max(columns, text.size()), ' ');
-    return text;
-}
-
-std::string rightAligned(const std::string& text, std::size_t columns)
-{
-    return std::string(columns > text.size() ? columns - text.size() : 0, ' ') + text;
-}
-
-// "1,234,567"
-std::string grouped(long number)
-{
-    std::string digits = std::to_string(number);
-    const std::size_t first = number < 0 ? 1 : 0;
-    for (std::size_t place = digits.size(); place > first + 3;)
-    {
-        place -= 3;
-        digits.insert(place, ",");
-    }
-    return digits;
-}
 
 std::string number(long value)
 {
